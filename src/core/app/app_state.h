@@ -1,0 +1,20 @@
+#pragma once
+#include <memory>
+
+#include "core/consist/consist_state.h"
+#include "core/msts/unit_record.h"
+#include "core/settings/settings_record.h"
+
+namespace rakeyard {
+
+// All state that outlives a window, shared by the windows and the CLI. Made once with
+// std::make_unique: the fixed catalogues take megabytes.
+struct AppState {
+    SettingsRecord settings;
+    PathGlobals paths;
+    UnitCatalogue catalogue;
+    ConsistState consist;
+    bool debugMode = false;
+};
+
+}  // namespace rakeyard

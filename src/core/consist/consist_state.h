@@ -1,0 +1,58 @@
+#pragma once
+#include <array>
+#include <string>
+#include <vector>
+
+#include "core/msts/unit_record.h"
+
+namespace rakeyard {
+
+inline constexpr int kConsistSlots = 600;     // the array bound; the reader alone goes past 299
+inline constexpr int kUsedSlots = 300;        // 50 pages of 6
+inline constexpr int kSlotsPerPage = 6;
+inline constexpr int kLastPage = 49;
+
+// What one of the six screen slots shows.
+struct SlotView {
+    std::string pictureKey = "EMP";
+    std::string toolTip;
+    std::string uidText;  // Text1(i)
+    std::string name;     // Label1(i)
+};
+
+// The running totals as the labels show them, with the font sizes the window applies.
+struct ConsistTotals {
+    std::string length = "0";  // lblLenght, metres
+    std::string feet = "0";    // lblFeet
+    std::string mass = "0";    // lblWeight, tonnes
+    std::string impTons = "0"; // lblImpTon
+    std::string wagons = "0";  // lblWagons
+    int feetFontSize = 10;
+    int massFontSize = 10;
+    int impTonsFontSize = 10;
+};
+
+// The one consist under edit and the editor's state around it.
+struct ConsistState {
+    std::array<ConsistSlot, kConsistSlots> slots;
+    int currentPage = 0;
+    int savedPage = 0;
+    bool consistChanged = false;
+    bool selectionActive = false;
+    std::vector<ConsistSlot> selectionBuffer = std::vector<ConsistSlot>(1);
+    int lastButton = 0;  // 1 left, 2 right
+    std::string consistToLoad;
+    std::string calculatedMaxVelocity;
+    std::string trainCfgWord;
+    // Text2(0..4): file name, name, max velocity, durability, serial.
+    std::array<std::string, 5> headerBoxes;
+    ConsistTotals totals;
+    // The strip as refreshPics last drew it, with the page arrows.
+    std::array<SlotView, kSlotsPerPage> view;
+    bool leftArrowVisible = false;
+    bool rightArrowVisible = false;
+    // A warning for the blinking Label2 that the window has not shown yet ("" when none).
+    std::string pendingWarning;
+};
+
+}  // namespace rakeyard

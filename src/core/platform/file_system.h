@@ -1,0 +1,47 @@
+#pragma once
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace rakeyard {
+
+struct DirEntry {
+    std::string name;  // as on disk
+    bool isFolder = false;
+    std::uintmax_t size = 0;
+};
+
+struct WriteResult {
+    bool ok = false;
+    std::string message;  // why it failed, for the user; empty when ok
+    explicit operator bool() const { return ok; }
+};
+
+// Every file and folder access of the core goes through this. Paths may use "\" and "/"
+// alike and are resolved without regard to letter case, part by part.
+class FileSystem {
+public:
+    virtual ~FileSystem() = default;
+    // Entries of a folder, sorted by their upper-cased names and then by exact name (the order
+    // NTFS lists them in), whatever the file system's own order. Empty when it can't be listed.
+    [[nodiscard]] virtual std::vector<DirEntry> listFolder(const std::string& folder) = 0;
+    [[nodiscard]] virtual bool isFolder(const std::string& path) = 0;
+    [[nodiscard]] virtual bool isFile(const std::string& path) = 0;
+    [[nodiscard]] virtual std::optional<std::uintmax_t> fileSize(const std::string& path) = 0;
+    // The whole file; nullopt when it can't be read.
+    [[nodiscard]] virtual std::optional<std::string> readFile(const std::string& path) = 0;
+    // The one safe writer: a temporary file beside the target, flushed, renamed over it. On any
+    // failure the old file stays whole and no temporary file is left behind.
+    [[nodiscard]] virtual WriteResult writeFile(const std::string& path, std::string_view bytes) = 0;
+    // Appends to a report or log of the program's own (not a user's MSTS file).
+    [[nodiscard]] virtual bool appendFile(const std::string& path, std::string_view bytes) = 0;
+    [[nodiscard]] virtual bool removeFile(const std::string& path) = 0;
+    [[nodiscard]] virtual bool createFolder(const std::string& path) = 0;
+    // The path as it stands on disk: separators of this platform, each existing part in its
+    // on-disk case. Parts that don't exist are kept as given.
+    [[nodiscard]] virtual std::string resolve(const std::string& path) = 0;
+};
+
+}  // namespace rakeyard

@@ -1,0 +1,21 @@
+#pragma once
+#include <string>
+#include <string_view>
+
+namespace rakeyard {
+
+// Conversions between the UTF-16 text of MSTS files and the UTF-8 strings the rest of the
+// program keeps. Unpaired surrogates and invalid bytes become U+FFFD.
+std::string toUtf8(std::u16string_view text);
+std::u16string toUtf16(std::string_view text);
+// Characters (code points) in a UTF-8 string, and its first n characters.
+std::size_t utf8Length(std::string_view text);
+std::string utf8Left(std::string_view text, std::size_t count);
+// ASCII upper case; other characters unchanged.
+std::string upperAscii(std::string_view text);
+std::u16string upperAscii(std::u16string_view text);
+// Blanks (and only blanks) removed at both ends, as the program's trim does.
+std::string trimBlanks(std::string_view text);
+std::u16string trimBlanks(std::u16string_view text);
+
+}  // namespace rakeyard

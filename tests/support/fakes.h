@@ -1,0 +1,76 @@
+#pragma once
+#include <deque>
+#include <functional>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "core/platform/local_file_system.h"
+#include "core/platform/services.h"
+
+namespace rakeyard::test {
+
+// Records every message and question; answers questions from a script, then with the
+// default answer.
+class FakeDialogs : public Dialogs {
+public:
+    struct Shown {
+        std::string text;
+        Icon icon;
+        std::string title;
+        bool question;
+    };
+    void report(std::string_view text, Icon icon, std::string_view title) override;
+    Answer ask(std::string_view text, Buttons buttons, Icon icon, std::string_view title) override;
+
+    std::vector<Shown> shown;
+    std::deque<Answer> answers;               // taken in order
+    std::optional<Answer> defaultAnswer;      // when the script is used up; else No/Cancel
+    std::vector<std::string> texts() const;   // every text shown, in order
+};
+
+class FakeProgress : public Progress {
+public:
+    void start(std::string_view label, int maximum) override;
+    void step() override;
+    void showDebug(bool visible) override { debugVisible = visible; }
+    void debugText(int label, std::string_view text) override;
+
+    std::vector<std::string> labels;
+    std::vector<int> maximums;
+    int steps = 0;
+    bool debugVisible = false;
+    std::vector<std::string> debugTexts;  // "3:Removing COMMENTS - Engines"
+    std::function<void()> onStep;         // runs inside step(), as a pending event would
+};
+
+class FakeDesktop : public Desktop {
+public:
+    bool moveToTrash(const std::string& path) override;
+    bool startProgram(const std::string& program, const std::vector<std::string>& arguments) override;
+    void openUrl(std::string_view url) override { urls.emplace_back(url); }
+
+    std::vector<std::string> trashed;   // paths handed to the recycle bin
+    std::vector<std::string> started;   // program + " " + arguments joined by blanks
+    std::vector<std::string> urls;
+    bool trashRemovesFiles = true;      // really removes what goes to the bin
+    bool startSucceeds = true;
+};
+
+// The real file system, made to fail writes on demand: a write fails after failAfterBytes bytes
+// of the temporary file, as a full disk would.
+class FailingFileSystem : public LocalFileSystem {
+public:
+    WriteResult writeFile(const std::string& path, std::string_view bytes) override;
+    std::optional<std::size_t> failAfterBytes;
+};
+
+struct FakeServices {
+    FailingFileSystem fs;
+    FakeDialogs dialogs;
+    FakeProgress progress;
+    FakeDesktop desktop;
+    Services services{fs, dialogs, progress, desktop};
+};
+
+}  // namespace rakeyard::test

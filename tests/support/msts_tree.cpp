@@ -1,0 +1,88 @@
+#include "support/msts_tree.h"
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <stdexcept>
+
+#include "core/platform/text_utf.h"
+
+namespace fs = std::filesystem;
+
+namespace rakeyard::test {
+
+TempFolder::TempFolder() {
+    std::string pattern = (fs::temp_directory_path() / "rakeyard-test-XXXXXX").string();
+    if (!mkdtemp(pattern.data())) throw std::runtime_error("cannot make a temporary folder");
+    path_ = pattern;
+}
+
+TempFolder::~TempFolder() {
+    std::error_code ec;
+    fs::permissions(path_, fs::perms::owner_all, fs::perm_options::add, ec);
+    fs::remove_all(path_, ec);
+}
+
+std::string TempFolder::operator/(std::string_view relative) const {
+    return (fs::path(path_) / fs::path(relative)).string();
+}
+
+MstsTree::MstsTree() {
+    fs::create_directories(root_ / "msts/TRAINS/TRAINSET");
+    fs::create_directories(root_ / "msts/TRAINS/CONSISTS");
+    fs::create_directories(root_ / "msts/SOUND");
+    fs::create_directories(root_ / "msts/ROUTES");
+    fs::create_directories(root_ / "home");
+}
+
+std::string MstsTree::msts() const { return root_ / "msts"; }
+std::string MstsTree::home() const { return root_ / "home"; }
+std::string MstsTree::trainset() const { return root_ / "msts/TRAINS/TRAINSET"; }
+std::string MstsTree::consists() const { return root_ / "msts/TRAINS/CONSISTS"; }
+
+std::string utf16Bytes(std::string_view text) {
+    std::string bytes;
+    for (char16_t c : toUtf16(text)) {
+        bytes.push_back(static_cast<char>(c & 0xFF));
+        bytes.push_back(static_cast<char>(c >> 8));
+    }
+    return bytes;
+}
+
+std::string MstsTree::write(std::string_view relative, std::string_view text,
+                            std::string_view header) {
+    std::string crlf;
+    for (char c : text) {
+        if (c == '\n') crlf += "\r\n";
+        else crlf += c;
+    }
+    std::string bytes = "\xFF\xFE" + utf16Bytes(header);
+    if (!header.empty()) bytes += utf16Bytes("\r\n");
+    bytes += utf16Bytes(crlf);
+    return writeBytes(relative, bytes);
+}
+
+std::string MstsTree::writeBytes(std::string_view relative, std::string_view bytes) {
+    const fs::path path = fs::path(root_.path()) / "msts" / fs::path(relative);
+    fs::create_directories(path.parent_path());
+    std::ofstream out(path, std::ios::binary | std::ios::trunc);
+    out.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+    return path.string();
+}
+
+std::string readWholeFile(const std::string& path) {
+    std::ifstream in(path, std::ios::binary);
+    return std::string((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
+}
+
+std::string MstsTree::read(std::string_view relative) const {
+    return readWholeFile(root_ / relative);
+}
+
+bool MstsTree::exists(std::string_view relative) const {
+    std::error_code ec;
+    return fs::exists(fs::path(root_.path()) / fs::path(relative), ec);
+}
+
+}  // namespace rakeyard::test
