@@ -3,6 +3,7 @@
 #include <string>
 #include <vector>
 
+#include "core/consist/recent_consists.h"
 #include "core/msts/unit_record.h"
 
 namespace rakeyard {
@@ -53,6 +54,7 @@ struct ConsistState {
     bool rightArrowVisible = false;
     // A warning for the blinking Label2 that the window has not shown yet ("" when none).
     std::string pendingWarning;
+    RecentConsists recent;
 };
 
 }  // namespace rakeyard
