@@ -17,8 +17,9 @@ void addToLastMenu(RecentConsists& recent, const std::string& consistToLoad) {
             break;
         }
         if (!recent.names[3].empty()) {
+            // The add below makes it 1: the next name replaces the oldest.
             recent.full = true;
-            recent.nextSlot = 1;
+            recent.nextSlot = 0;
         }
     } else {
         if (recent.nextSlot > 4) recent.nextSlot = 1;
