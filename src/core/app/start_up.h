@@ -1,0 +1,57 @@
+#pragma once
+#include <string>
+#include <string_view>
+
+#include "core/app/app_state.h"
+#include "core/platform/services.h"
+
+namespace rakeyard {
+
+// The windows that start-up may have to show, blocking. The window program shows the real
+// ones; the CLI has none of them but the MSTS path, which it takes from --msts.
+class StartUpWindows {
+public:
+    virtual ~StartUpWindows() = default;
+    // frmPath. False when the user cancelled with an empty box: the program ends.
+    [[nodiscard]] virtual bool showPathWindow() = 0;
+    virtual void showDefaultEditorWindow() = 0;  // Defeditor
+    virtual void showViewerOptionWindow() = 0;   // SFVOption
+    virtual void showScreenshotsWindow() = 0;    // frmScrshots
+    // The toolbar's 3D view button, enabled or not, with its tool-tip.
+    virtual void setViewerButton(bool /*enabled*/, std::string_view /*toolTip*/) {}
+};
+
+// What the command line asks for: "/D" or "/d" alone turns on the debug window; any other
+// text is a consist file to open, with its double quotes removed.
+struct CommandLine {
+    bool debugMode = false;
+    std::string consistToOpen;
+};
+CommandLine parseCommandLine(std::string_view commandLine);
+
+enum class StartUpResult { Ready, Ended };
+
+// Reads settings.bin from state.paths.programFolder, insists on a usable MSTS folder, asks for
+// the editor, viewer and screenshots folder when unset, prepares the Reports folder (the old
+// StartErrors.txt deleted), reads both catalogues and settles the two filters. Ended when the
+// user gave up at the MSTS path window.
+StartUpResult initProg(AppState& state, Services& services, StartUpWindows& windows);
+
+// The full path of Reports\StartErrors.txt under the program's folder.
+std::string startErrorsPath(const PathGlobals& paths);
+
+// Window place stored at shutdown (twips, as the record keeps them).
+struct WindowPlace {
+    int left = 0;
+    int top = 0;
+    int height = 0;
+};
+// The last steps of a run: the window's place written into settings.bin.
+void storeMainWindowPlace(AppState& state, Services& services, const WindowPlace& place);
+
+// The MSTS path changed at run time: catalogues and the consist are emptied and start-up's
+// steps run again. The caller has shown frmPath; oldMstsPath is the path before it.
+StartUpResult changeMstsPath(AppState& state, Services& services, StartUpWindows& windows,
+                             const std::string& oldMstsPath);
+
+}  // namespace rakeyard
