@@ -1,6 +1,7 @@
 #include "support/fakes.h"
 
 #include <filesystem>
+#include <system_error>
 
 namespace rakeyard::test {
 
@@ -21,7 +22,8 @@ Answer FakeDialogs::ask(std::string_view text, Buttons buttons, Icon icon, std::
 
 std::vector<std::string> FakeDialogs::texts() const {
     std::vector<std::string> all;
-    for (const Shown& s : shown) all.push_back(s.text);
+    for (const Shown& s : shown)
+        all.push_back(s.text);
     return all;
 }
 
@@ -46,17 +48,23 @@ bool FakeDesktop::moveToTrash(const std::string& path) {
     return std::filesystem::remove_all(path, ec) > 0 && !ec;
 }
 
-bool FakeDesktop::startProgram(const std::string& program, const std::vector<std::string>& arguments) {
+bool FakeDesktop::startProgram(const std::string& program,
+                               const std::vector<std::string>& arguments) {
     std::string line = program;
-    for (const std::string& a : arguments) line += " " + a;
+    for (const std::string& a : arguments)
+        line += " " + a;
     started.push_back(line);
     return startSucceeds;
 }
 
-WriteResult FailingFileSystem::writeFile(const std::string& path, std::string_view bytes) {
-    if (failAfterBytes && *failAfterBytes < bytes.size())
-        return WriteResult{false, "No space left on device"};
-    return LocalFileSystem::writeFile(path, bytes);
+std::optional<std::string> FailingFileSystem::writeChunk(std::FILE* file, std::uintmax_t offset,
+                                                         std::string_view chunk) {
+    if (!failAfterBytes || offset + chunk.size() <= *failAfterBytes)
+        return LocalFileSystem::writeChunk(file, offset, chunk);
+    const std::uintmax_t allowed = *failAfterBytes > offset ? *failAfterBytes - offset : 0;
+    if (auto failure = LocalFileSystem::writeChunk(file, offset, chunk.substr(0, allowed)))
+        return failure;
+    return std::make_error_code(std::errc::no_space_on_device).message();
 }
 
 }  // namespace rakeyard::test

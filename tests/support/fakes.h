@@ -24,9 +24,9 @@ public:
     Answer ask(std::string_view text, Buttons buttons, Icon icon, std::string_view title) override;
 
     std::vector<Shown> shown;
-    std::deque<Answer> answers;               // taken in order
-    std::optional<Answer> defaultAnswer;      // when the script is used up; else No/Cancel
-    std::vector<std::string> texts() const;   // every text shown, in order
+    std::deque<Answer> answers;              // taken in order
+    std::optional<Answer> defaultAnswer;     // when the script is used up; else No/Cancel
+    std::vector<std::string> texts() const;  // every text shown, in order
 };
 
 class FakeProgress : public Progress {
@@ -47,22 +47,26 @@ public:
 class FakeDesktop : public Desktop {
 public:
     bool moveToTrash(const std::string& path) override;
-    bool startProgram(const std::string& program, const std::vector<std::string>& arguments) override;
+    bool startProgram(const std::string& program,
+                      const std::vector<std::string>& arguments) override;
     void openUrl(std::string_view url) override { urls.emplace_back(url); }
 
-    std::vector<std::string> trashed;   // paths handed to the recycle bin
-    std::vector<std::string> started;   // program + " " + arguments joined by blanks
+    std::vector<std::string> trashed;  // paths handed to the recycle bin
+    std::vector<std::string> started;  // program + " " + arguments joined by blanks
     std::vector<std::string> urls;
-    bool trashRemovesFiles = true;      // really removes what goes to the bin
+    bool trashRemovesFiles = true;  // really removes what goes to the bin
     bool startSucceeds = true;
 };
 
-// The real file system, made to fail writes on demand: a write fails after failAfterBytes bytes
-// of the temporary file, as a full disk would.
+// The real file system, made to fail writes on demand: a safe write fails after failAfterBytes
+// bytes of the temporary file, with the message of a full disk.
 class FailingFileSystem : public LocalFileSystem {
 public:
-    WriteResult writeFile(const std::string& path, std::string_view bytes) override;
     std::optional<std::size_t> failAfterBytes;
+
+protected:
+    std::optional<std::string> writeChunk(std::FILE* file, std::uintmax_t offset,
+                                          std::string_view chunk) override;
 };
 
 struct FakeServices {

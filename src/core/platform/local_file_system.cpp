@@ -1,1 +1,358 @@
-// Filled in next; declared so that the libraries link.
+#include "core/platform/local_file_system.h"
+
+#include <algorithm>
+#include <atomic>
+#include <cctype>
+#include <cerrno>
+#include <chrono>
+#include <filesystem>
+#include <system_error>
+
+#include "core/platform/paths.h"
+#include "core/platform/text_utf.h"
+
+#ifdef _WIN32
+#include <io.h>
+#else
+#include <fcntl.h>
+#include <unistd.h>
+#endif
+
+namespace fs = std::filesystem;
+
+namespace rakeyard {
+
+// The names of one folder in listing order, with their upper-cased forms beside them.
+struct LocalFileSystem::CachedListing {
+    fs::file_time_type modified;
+    bool settled = false;  // taken long enough after the last change to be trusted later
+    std::vector<std::string> upperNames;
+    std::vector<std::string> names;
+
+    // The entry named `part` in any letter case: the exact name when the folder holds it, else
+    // the first in listing order. Null when there is none.
+    const std::string* find(const std::string& part) const {
+        const auto [first, last] =
+            std::equal_range(upperNames.begin(), upperNames.end(), upperAscii(part));
+        if (first == last) return nullptr;
+        for (auto it = first; it != last; ++it) {
+            if (names[it - upperNames.begin()] == part) return &part;
+        }
+        return &names[first - upperNames.begin()];
+    }
+};
+
+namespace {
+
+// A listing taken within this time of the folder's last change may have missed an entry made
+// in the same tick of a coarse clock, so it is not reused.
+constexpr auto kSettleTime = std::chrono::seconds(2);
+constexpr std::size_t kMaxCachedFolders = 20000;
+constexpr std::size_t kChunkSize = 64 * 1024;
+
+// Strings hold UTF-8; std::filesystem would take a plain string in the ANSI code page on
+// Windows.
+fs::path toPath(const std::string& text) {
+    return fs::path(std::u8string(text.begin(), text.end()));
+}
+
+std::string fromPath(const fs::path& path) {
+    const std::u8string text = path.u8string();
+    return std::string(text.begin(), text.end());
+}
+
+bool listsBefore(const std::string& upperA, const std::string& a, const std::string& upperB,
+                 const std::string& b) {
+    return upperA != upperB ? upperA < upperB : a < b;
+}
+
+std::FILE* openFile(const std::string& path, const char* mode) {
+#ifdef _WIN32
+    const std::wstring wideMode(mode, mode + std::char_traits<char>::length(mode));
+    return _wfopen(toPath(path).c_str(), wideMode.c_str());
+#else
+    return std::fopen(path.c_str(), mode);
+#endif
+}
+
+std::string errorText(int error) {
+    if (error == 0) error = EIO;
+    return std::generic_category().message(error);
+}
+
+std::string folderOf(const std::string& path) {
+    const std::string folder = parentPath(path);
+    if (!folder.empty()) return folder;
+    return isPathSeparator(path.empty() ? ' ' : path.front()) ? std::string(1, kPathSeparator)
+                                                              : std::string(".");
+}
+
+// The part of a path that is not resolved: a leading separator, a drive ("C:") or both.
+std::size_t rootLength(const std::string& path) {
+    std::size_t length = 0;
+    if (path.size() >= 2 && path[1] == ':' && std::isalpha(static_cast<unsigned char>(path[0])))
+        length = 2;
+    while (length < path.size() && isPathSeparator(path[length]))
+        ++length;
+    return length;
+}
+
+std::string nativeRoot(const std::string& root) {
+    std::string out;
+    for (char c : root) {
+        if (!isPathSeparator(c)) {
+            out += c;
+        } else if (out.empty() || out.back() != kPathSeparator) {
+            out += kPathSeparator;
+        }
+#ifdef _WIN32
+        // Keep the doubled separator of a network path.
+        else if (out.size() == 1) {
+            out += kPathSeparator;
+        }
+#endif
+    }
+    return out;
+}
+
+std::vector<std::string> splitParts(std::string_view rest) {
+    std::vector<std::string> parts;
+    std::size_t begin = 0;
+    while (begin <= rest.size()) {
+        std::size_t end = begin;
+        while (end < rest.size() && !isPathSeparator(rest[end]))
+            ++end;
+        if (end > begin) parts.emplace_back(rest.substr(begin, end - begin));
+        begin = end + 1;
+    }
+    return parts;
+}
+
+void syncFolder([[maybe_unused]] const std::string& folder) {
+#ifndef _WIN32
+    const int descriptor = ::open(folder.c_str(), O_RDONLY | O_DIRECTORY);
+    if (descriptor < 0) return;
+    // The rename is made; a failed sync of the folder only weakens its durability.
+    (void)::fsync(descriptor);
+    ::close(descriptor);
+#endif
+}
+
+int syncFile(std::FILE* file) {
+#ifdef _WIN32
+    return _commit(_fileno(file));
+#else
+    return ::fsync(fileno(file));
+#endif
+}
+
+}  // namespace
+
+std::shared_ptr<const LocalFileSystem::CachedListing> LocalFileSystem::cachedListing(
+    const std::string& folder) {
+    std::error_code ec;
+    const fs::file_time_type modified = fs::last_write_time(toPath(folder), ec);
+    if (ec) return nullptr;
+    {
+        std::lock_guard lock(cacheMutex_);
+        const auto found = cache_.find(folder);
+        if (found != cache_.end() && found->second->settled && found->second->modified == modified)
+            return found->second;
+    }
+
+    auto listing = std::make_shared<CachedListing>();
+    listing->modified = modified;
+    listing->settled = fs::file_time_type::clock::now() - modified > kSettleTime;
+    std::vector<std::pair<std::string, std::string>> entries;
+    for (fs::directory_iterator it(toPath(folder), ec), end; !ec && it != end; it.increment(ec)) {
+        std::string name = fromPath(it->path().filename());
+        entries.emplace_back(upperAscii(name), std::move(name));
+    }
+    if (ec) return nullptr;
+    std::sort(entries.begin(), entries.end());
+    for (auto& [upper, name] : entries) {
+        listing->upperNames.push_back(std::move(upper));
+        listing->names.push_back(std::move(name));
+    }
+
+    std::lock_guard lock(cacheMutex_);
+    if (cache_.size() >= kMaxCachedFolders) cache_.clear();
+    cache_[folder] = listing;
+    return listing;
+}
+
+void LocalFileSystem::forgetListing(const std::string& folder) {
+    std::lock_guard lock(cacheMutex_);
+    cache_.erase(folder);
+}
+
+std::string LocalFileSystem::resolve(const std::string& path) {
+    const std::size_t rootEnd = rootLength(path);
+    std::string resolved = nativeRoot(path.substr(0, rootEnd));
+    bool partsExist = true;
+    for (const std::string& part : splitParts(std::string_view(path).substr(rootEnd))) {
+        std::string name = part;
+        if (partsExist && part != "." && part != "..") {
+            const auto listing = cachedListing(resolved.empty() ? std::string(".") : resolved);
+            const std::string* found = listing ? listing->find(part) : nullptr;
+            // Below a missing part nothing can be found: the rest is kept as given.
+            partsExist = found != nullptr;
+            if (found) name = *found;
+        }
+        if (!resolved.empty() && resolved.back() != kPathSeparator) resolved += kPathSeparator;
+        resolved += name;
+    }
+    if (!path.empty() && isPathSeparator(path.back()) && !resolved.empty() &&
+        resolved.back() != kPathSeparator)
+        resolved += kPathSeparator;
+    return resolved;
+}
+
+std::vector<DirEntry> LocalFileSystem::listFolder(const std::string& folder) {
+    const fs::path where = toPath(resolve(folder));
+    std::vector<std::pair<std::string, DirEntry>> keyed;
+    std::error_code ec;
+    for (fs::directory_iterator it(where, ec), end; !ec && it != end; it.increment(ec)) {
+        DirEntry entry;
+        entry.name = fromPath(it->path().filename());
+        std::error_code entryError;
+        entry.isFolder = it->is_directory(entryError);
+        if (!entry.isFolder) entry.size = it->file_size(entryError);
+        if (entryError) entry.size = 0;
+        keyed.emplace_back(upperAscii(entry.name), std::move(entry));
+    }
+    if (ec) return {};
+    std::sort(keyed.begin(), keyed.end(), [](const auto& a, const auto& b) {
+        return listsBefore(a.first, a.second.name, b.first, b.second.name);
+    });
+    std::vector<DirEntry> entries;
+    entries.reserve(keyed.size());
+    for (auto& [upper, entry] : keyed)
+        entries.push_back(std::move(entry));
+    return entries;
+}
+
+bool LocalFileSystem::isFolder(const std::string& path) {
+    std::error_code ec;
+    return !path.empty() && fs::is_directory(toPath(resolve(path)), ec);
+}
+
+bool LocalFileSystem::isFile(const std::string& path) {
+    std::error_code ec;
+    return !path.empty() && fs::is_regular_file(toPath(resolve(path)), ec);
+}
+
+std::optional<std::uintmax_t> LocalFileSystem::fileSize(const std::string& path) {
+    if (!isFile(path)) return std::nullopt;
+    std::error_code ec;
+    const std::uintmax_t size = fs::file_size(toPath(resolve(path)), ec);
+    if (ec) return std::nullopt;
+    return size;
+}
+
+std::optional<std::string> LocalFileSystem::readFile(const std::string& path) {
+    if (!isFile(path)) return std::nullopt;
+    std::FILE* file = openFile(resolve(path), "rb");
+    if (!file) return std::nullopt;
+    std::string bytes;
+    char buffer[kChunkSize];
+    std::size_t got = 0;
+    while ((got = std::fread(buffer, 1, sizeof buffer, file)) > 0)
+        bytes.append(buffer, got);
+    const bool failed = std::ferror(file) != 0;
+    std::fclose(file);
+    if (failed) return std::nullopt;
+    return bytes;
+}
+
+std::optional<std::string> LocalFileSystem::writeChunk(std::FILE* file, std::uintmax_t,
+                                                       std::string_view chunk) {
+    errno = 0;
+    if (std::fwrite(chunk.data(), 1, chunk.size(), file) == chunk.size()) return std::nullopt;
+    return errorText(errno);
+}
+
+// Writes the temporary file whole and on the disk; nullopt when done, else why not. The file is
+// left for the caller to remove.
+std::optional<std::string> LocalFileSystem::writeTemporary(const std::string& temporary,
+                                                           std::string_view bytes) {
+    errno = 0;
+#ifdef _WIN32
+    std::FILE* file = openFile(temporary, "wb");
+#else
+    std::FILE* file = openFile(temporary, "wbx");
+#endif
+    if (!file) return errorText(errno);
+    std::optional<std::string> failure;
+    for (std::size_t offset = 0; offset < bytes.size() && !failure; offset += kChunkSize)
+        failure = writeChunk(file, offset, bytes.substr(offset, kChunkSize));
+    errno = 0;
+    if (!failure && std::fflush(file) != 0) failure = errorText(errno);
+    errno = 0;
+    if (!failure && syncFile(file) != 0) failure = errorText(errno);
+    errno = 0;
+    if (std::fclose(file) != 0 && !failure) failure = errorText(errno);
+    return failure;
+}
+
+WriteResult LocalFileSystem::writeFile(const std::string& path, std::string_view bytes) {
+    static std::atomic<unsigned> nextTemporary{0};
+    const std::string target = resolve(path);
+    const std::string folder = folderOf(target);
+    std::error_code ec;
+
+    std::string temporary;
+    for (int attempt = 0; attempt < 100 && temporary.empty(); ++attempt) {
+        std::string candidate = target + ".~rk" + std::to_string(nextTemporary++) + ".tmp";
+        if (!fs::exists(toPath(candidate), ec)) temporary = std::move(candidate);
+    }
+    if (temporary.empty()) return WriteResult{false, errorText(EEXIST)};
+
+    std::optional<std::string> failure = writeTemporary(temporary, bytes);
+    if (!failure) {
+        const fs::file_status old = fs::status(toPath(target), ec);
+        if (!ec && fs::is_regular_file(old)) {
+            // A kept file keeps its permissions; failing that, it gets the usual ones.
+            fs::permissions(toPath(temporary), old.permissions(), fs::perm_options::replace, ec);
+        }
+        fs::rename(toPath(temporary), toPath(target), ec);
+        if (ec) failure = ec.message();
+    }
+    forgetListing(folder);
+    if (failure) {
+        fs::remove(toPath(temporary), ec);
+        return WriteResult{false, *failure};
+    }
+    syncFolder(folder);
+    return WriteResult{true, {}};
+}
+
+bool LocalFileSystem::appendFile(const std::string& path, std::string_view bytes) {
+    const std::string target = resolve(path);
+    std::FILE* file = openFile(target, "ab");
+    if (!file) return false;
+    bool written = std::fwrite(bytes.data(), 1, bytes.size(), file) == bytes.size();
+    written = std::fclose(file) == 0 && written;
+    forgetListing(folderOf(target));
+    return written;
+}
+
+bool LocalFileSystem::removeFile(const std::string& path) {
+    const std::string target = resolve(path);
+    std::error_code ec;
+    if (fs::is_directory(toPath(target), ec)) return false;
+    const bool removed = fs::remove(toPath(target), ec) && !ec;
+    forgetListing(folderOf(target));
+    return removed;
+}
+
+bool LocalFileSystem::createFolder(const std::string& path) {
+    if (path.empty()) return false;
+    const std::string target = resolve(path);
+    std::error_code ec;
+    fs::create_directories(toPath(target), ec);
+    forgetListing(folderOf(target));
+    return fs::is_directory(toPath(target), ec);
+}
+
+}  // namespace rakeyard

@@ -1,7 +1,9 @@
 #pragma once
+#include <cstdio>
 #include <map>
 #include <memory>
 #include <mutex>
+#include <optional>
 #include <string>
 
 #include "core/platform/file_system.h"
@@ -9,7 +11,8 @@
 namespace rakeyard {
 
 // The file system of this machine. Paths are resolved part by part without regard to case,
-// with a cache of folder listings that is checked against each folder's modification time.
+// with a cache of folder listings that is checked against each folder's modification time and
+// dropped for a folder whenever this object changes it. Safe to call from several threads.
 class LocalFileSystem : public FileSystem {
 public:
     std::vector<DirEntry> listFolder(const std::string& folder) override;
@@ -23,8 +26,20 @@ public:
     bool createFolder(const std::string& path) override;
     std::string resolve(const std::string& path) override;
 
+protected:
+    // Writes one chunk of the safe writer's temporary file, whose first `offset` bytes are
+    // already written. Returns nullopt when done, else why it failed, for the user. A test
+    // overrides this to fail at a chosen byte as a full disk would.
+    [[nodiscard]] virtual std::optional<std::string> writeChunk(std::FILE* file,
+                                                                std::uintmax_t offset,
+                                                                std::string_view chunk);
+
 private:
     struct CachedListing;
+    std::shared_ptr<const CachedListing> cachedListing(const std::string& folder);
+    void forgetListing(const std::string& folder);
+    std::optional<std::string> writeTemporary(const std::string& temporary, std::string_view bytes);
+
     std::mutex cacheMutex_;  // readers may run on both cores
     std::map<std::string, std::shared_ptr<const CachedListing>> cache_;
 };

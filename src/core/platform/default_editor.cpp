@@ -1,0 +1,98 @@
+#include "core/platform/default_editor.h"
+
+#include <cstdlib>
+#include <filesystem>
+#include <vector>
+
+#include "core/platform/paths.h"
+
+#ifdef _WIN32
+#include <windows.h>
+#endif
+
+namespace fs = std::filesystem;
+
+namespace rakeyard {
+
+namespace {
+
+#ifdef _WIN32
+constexpr char kSearchPathSeparator = ';';
+#else
+constexpr char kSearchPathSeparator = ':';
+#endif
+
+bool isExecutableFile(const std::string& path) {
+    std::error_code ec;
+    const fs::path where(std::u8string(path.begin(), path.end()));
+    const fs::file_status status = fs::status(where, ec);
+    if (ec || !fs::is_regular_file(status)) return false;
+    constexpr auto anyExecute =
+        fs::perms::owner_exec | fs::perms::group_exec | fs::perms::others_exec;
+    return (status.permissions() & anyExecute) != fs::perms::none;
+}
+
+std::vector<std::string_view> splitSearchPath(std::string_view searchPath) {
+    std::vector<std::string_view> folders;
+    std::size_t begin = 0;
+    while (begin <= searchPath.size()) {
+        std::size_t end = searchPath.find(kSearchPathSeparator, begin);
+        if (end == std::string_view::npos) end = searchPath.size();
+        // An empty entry would mean the current folder, which is no place to look for a program.
+        if (end > begin) folders.push_back(searchPath.substr(begin, end - begin));
+        begin = end + 1;
+    }
+    return folders;
+}
+
+}  // namespace
+
+std::string wordpadPathForVersion(unsigned long platformId, unsigned long major,
+                                  unsigned long minor) {
+    if (platformId == 1) {
+        if (minor == 0 || minor == 10 || minor == 90)
+            return "C:\\Program Files\\Accessories\\wordpad.exe";
+        return "";
+    }
+    if (platformId == 2) {
+        if (major == 3) return "Not supported";
+        if (major == 4 || major == 5)
+            return "C:\\Program Files\\Windows NT\\Accessories\\wordpad.exe";
+        return "";
+    }
+    return "Failed";
+}
+
+std::string findEditorOnPath(std::string_view searchPath) {
+    const std::vector<std::string_view> folders = splitSearchPath(searchPath);
+    for (std::string_view name : kTextEditorNames) {
+        for (std::string_view folder : folders) {
+            const std::string candidate = joinPath(folder, name);
+            if (isExecutableFile(candidate)) return candidate;
+        }
+    }
+    return "";
+}
+
+std::string defaultEditorPath() {
+#ifdef _WIN32
+    OSVERSIONINFOA version{};
+    version.dwOSVersionInfoSize = sizeof version;
+#ifdef _MSC_VER
+#pragma warning(push)
+#pragma warning(disable : 4996)  // the version as the program has always asked it
+#endif
+    const BOOL gotVersion = GetVersionExA(&version);
+#ifdef _MSC_VER
+#pragma warning(pop)
+#endif
+    if (!gotVersion) return "";
+    return wordpadPathForVersion(version.dwPlatformId, version.dwMajorVersion,
+                                 version.dwMinorVersion);
+#else
+    const char* searchPath = std::getenv("PATH");
+    return findEditorOnPath(searchPath ? searchPath : "");
+#endif
+}
+
+}  // namespace rakeyard
