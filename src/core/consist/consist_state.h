@@ -8,8 +8,8 @@
 
 namespace rakeyard {
 
-inline constexpr int kConsistSlots = 600;     // the array bound; the reader alone goes past 299
-inline constexpr int kUsedSlots = 300;        // 50 pages of 6
+inline constexpr int kConsistSlots = 600;  // the array bound; the reader alone goes past 299
+inline constexpr int kUsedSlots = 300;     // 50 pages of 6
 inline constexpr int kSlotsPerPage = 6;
 inline constexpr int kLastPage = 49;
 
@@ -23,11 +23,11 @@ struct SlotView {
 
 // The running totals as the labels show them, with the font sizes the window applies.
 struct ConsistTotals {
-    std::string length = "0";  // lblLenght, metres
-    std::string feet = "0";    // lblFeet
-    std::string mass = "0";    // lblWeight, tonnes
-    std::string impTons = "0"; // lblImpTon
-    std::string wagons = "0";  // lblWagons
+    std::string length = "0";   // lblLenght, metres
+    std::string feet = "0";     // lblFeet
+    std::string mass = "0";     // lblWeight, tonnes
+    std::string impTons = "0";  // lblImpTon
+    std::string wagons = "0";   // lblWagons
     int feetFontSize = 10;
     int massFontSize = 10;
     int impTonsFontSize = 10;

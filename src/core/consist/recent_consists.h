@@ -10,7 +10,7 @@ struct RecentConsists {
     std::array<std::string, 4> names;  // mnuEmpty(1..4); "" is a hidden entry
     int nextSlot = 1;                  // 1..4
     bool full = false;
-    bool separatorVisible = false;     // mnuDummy3
+    bool separatorVisible = false;  // mnuDummy3
 };
 
 // Adds the file name of consistToLoad (the part behind its last "\" or "/") unless it is there.

@@ -1,0 +1,53 @@
+#pragma once
+#include <string>
+#include <string_view>
+
+#include "core/app/app_state.h"
+#include "core/consist/consist_state.h"
+#include "core/platform/services.h"
+
+namespace rakeyard {
+
+// A 32-bit float as the labels show it: at most 7 significant digits, no trailing zeros
+// ("12.34", "0", "1E+07"). The value is taken as a single first.
+std::string singleText(double value);
+// The value as a 32-bit float, held to the float range (NaN becomes 0).
+float toSingle(double value);
+// The whole part (rounded down) of a number as an integer, held to the 64-bit range.
+long long wholeNumber(double value);
+
+// Sets lblLenght and, from it, lblFeet with its font size. A negative length shows "0".
+void setLengthText(ConsistTotals& totals, std::string text);
+// Sets lblWeight with its own font size and, from it, lblImpTon with its font size.
+void setMassText(ConsistTotals& totals, std::string text);
+// Adds delta to the number in lblWagons.
+void changeWagonCount(ConsistTotals& totals, int delta);
+
+// The totals after a unit came from a catalogue list: plain sums, no rounding.
+void addInsertedUnit(ConsistTotals& totals, const ConsistSlot& unit);
+// The totals after a paste: round2(round2(total) + value) for length and mass.
+void addPastedUnit(ConsistTotals& totals, const ConsistSlot& unit);
+// The totals after a delete: round2(round2(total) - value) for length and mass.
+void subtractUnit(ConsistTotals& totals, const ConsistSlot& unit);
+
+// True for a unit of the wagon catalogue (its file ends in ".wag", any case). A slot of a unit
+// that is not in the catalogue has no file name and is neither engine nor wagon.
+bool isWagonUnit(const ConsistSlot& slot);
+// Empties a slot: every text "", every number 0.
+void clearSlot(ConsistSlot& slot);
+// The highest whole uid of slots 0..299.
+long long highestUid(const ConsistState& state);
+// The highest position of slots 0..299.
+int highestPosition(const ConsistState& state);
+
+// The coupler check after a unit was stored in slot j from a catalogue list: a front coupler
+// that differs from its neighbour's rear sets "WARNING: Different coupling type !" as the
+// pending warning. Slots above 149 are not checked.
+void checkCoupling(ConsistState& state, int j);
+
+// Empties the consist, the header boxes, the totals, the page and the selection. Unsaved
+// changes are offered for saving first ("Save changes to the consist?"); the question is asked
+// once whatever the save does, and consistChanged ends 0.
+void clearAll(AppState& app, Services& services);
+
+}  // namespace rakeyard

@@ -1,0 +1,370 @@
+#include "core/consist/consist_reader.h"
+
+#include <optional>
+#include <span>
+#include <unordered_map>
+
+#include "core/consist/consist_model.h"
+#include "core/consist/image_keys.h"
+#include "core/consist/slot_view.h"
+#include "core/msts/msts_text.h"
+#include "core/platform/paths.h"
+#include "core/platform/text_utf.h"
+
+namespace rakeyard {
+
+namespace {
+
+constexpr std::size_t kUnicodeFirstLine = 32;  // the mark's two characters and the header's 30
+constexpr int kHeaderLines = 8;
+constexpr auto npos = std::u16string_view::npos;
+
+bool holds(std::u16string_view line, std::u16string_view part) {
+    return line.find(part) != npos;
+}
+
+std::string utf8(std::u16string_view text) {
+    return toUtf8(text);
+}
+
+// The text from 0-based start, count characters long, cut at the line's end.
+std::u16string_view mid(std::u16string_view line, std::size_t start, std::size_t count) {
+    if (start >= line.size()) return {};
+    return line.substr(start, count);
+}
+
+// The catalogue as an index of upper-cased file names, first record of a name winning.
+class CatalogueIndex {
+public:
+    explicit CatalogueIndex(std::span<const UnitRecord> records) : records_(records) {}
+    const UnitRecord* find(const std::string& fileName) {
+        if (!built_) build();
+        const auto it = byName_.find(upperAscii(fileName));
+        return it == byName_.end() ? nullptr : &records_[it->second];
+    }
+
+private:
+    void build() {
+        for (std::size_t i = 0; i < records_.size() && !records_[i].fileName.empty(); ++i)
+            byName_.emplace(upperAscii(records_[i].fileName), i);
+        built_ = true;
+    }
+    std::span<const UnitRecord> records_;
+    std::unordered_map<std::string, std::size_t> byName_;
+    bool built_ = false;
+};
+
+// The text between the first "(" and the next ")", trimmed; nullopt without them.
+std::optional<std::u16string> headerValue(std::u16string_view line) {
+    const std::size_t open = line.find(u'(');
+    if (open == npos) return std::nullopt;
+    const std::size_t close = line.find(u')', open + 1);
+    if (close == npos) return std::nullopt;
+    return trimBlanks(line.substr(open + 1, close - open - 1));
+}
+
+// The TrainCfg word; nullopt for a line with a single double quote.
+std::optional<std::u16string> trainCfgWord(std::u16string_view line) {
+    const std::size_t quote = line.find(u'"');
+    if (quote != npos) {
+        const std::size_t next = line.find(u'"', quote + 1);
+        if (next == npos) return std::nullopt;
+        return trimBlanks(line.substr(quote + 1, next - quote - 1));
+    }
+    const std::size_t open = line.find(u'(');
+    return trimBlanks(open == npos ? line : line.substr(open + 1));
+}
+
+class BodyReader {
+public:
+    explicit BodyReader(AppState& app)
+        : app_(app), engines_(app.catalogue.engines), wagons_(app.catalogue.wagons) {}
+
+    // Applies every rule that matches the line; false for a damaged line.
+    [[nodiscard]] bool read(std::u16string_view line) {
+        const bool indented = holds(line, u"\t\t\t");
+        if (indented && holds(line, u"EngineData") && !unitData(line, true)) return false;
+        if (indented && holds(line, u"WagonData") && !unitData(line, false)) return false;
+        if (indented && holds(line, u"UiD") && !uid(line)) return false;
+        if (line == u"\t\t\tFlip ( )") flipNoted_ = true;
+        if (line == u"\t\t)") endOfUnit();
+        return true;
+    }
+    float lengthTotal = 0;
+    float massTotal = 0;
+
+private:
+    // A unit past slot 599 is read and counted, but not stored.
+    ConsistSlot* slot() { return n_ < kConsistSlots ? &app_.consist.slots[n_] : nullptr; }
+
+    // The file word: from behind "(" up to the first blank that stands at least three characters
+    // on, so that a one-letter word runs on into the folder word.
+    static std::optional<std::u16string> fileWord(std::u16string_view line) {
+        const std::size_t open = line.find(u'(');
+        if (open == npos) return std::nullopt;
+        const std::size_t blank = line.find(u' ', open + 4);
+        if (blank == npos) return std::nullopt;
+        std::u16string word = trimBlanks(mid(line, open + 1, blank - open));
+        if (!word.empty() && word.front() == u'"') {
+            const std::size_t close = line.find(u'"', open + 3);
+            if (close != npos) word = trimBlanks(mid(line, open + 1, close - open));
+            if (word.size() >= 2) word = word.substr(1, word.size() - 2);
+        }
+        return word;
+    }
+
+    bool unitData(std::u16string_view line, bool isEngine) {
+        const std::optional<std::u16string> found = fileWord(line);
+        if (!found) return false;
+        const std::string word = utf8(*found) + (isEngine ? ".eng" : ".wag");
+        const UnitRecord* unit = isEngine ? engines_.find(word) : wagons_.find(word);
+        ConsistSlot* target = slot();
+        if (!unit) {
+            if (target) {
+                target->imageKey = "NOTFOUND";
+                target->displayName = utf8Left(word, utf8Length(word) - 4);
+            }
+            return true;
+        }
+        if (target) storeFound(*target, *unit, isEngine);
+        lengthTotal = round2(double(lengthTotal) + unit->length);
+        massTotal = round2(double(massTotal) + unit->mass);
+        if (!isEngine) changeWagonCount(app_.consist.totals, 1);
+        return true;
+    }
+
+    static void storeFound(ConsistSlot& target, const UnitRecord& unit, bool isEngine) {
+        target.unitType = unit.unitType;
+        target.displayName = unit.displayName;
+        target.fileName = unit.fileName;
+        target.folderName = unit.folderName;
+        target.folderPath = unit.folderPath;
+        target.couplerFront = unit.couplerFront;
+        target.couplerRear = unit.couplerRear;
+        target.shapeName = unit.shapeName;
+        target.length = unit.length;
+        target.mass = unit.mass;
+        if (isEngine) {
+            target.maxPower = unit.maxPower;
+            target.hasCab = unit.hasCab;
+        }
+        const std::string_view stem = stemOfType(unit.unitType);
+        if (!stem.empty() && isEngineType(unit.unitType) == isEngine)
+            target.imageKey = std::string(stem);
+    }
+
+    bool uid(std::u16string_view line) {
+        const std::size_t open = line.find(u'(');
+        if (open == npos) return false;
+        const std::size_t blank = line.find(u' ', open + 2);
+        if (blank == npos) return false;
+        const double number = numberValue(trimBlanks(mid(line, open + 1, blank - open)));
+        if (ConsistSlot* target = slot()) target->uid = toSingle(number);
+        return true;
+    }
+
+    void endOfUnit() {
+        if (ConsistSlot* target = slot()) {
+            if (flipNoted_) {
+                target->flipped = true;
+                const std::string_view stem = stemOfType(target->unitType);
+                if (!stem.empty()) target->imageKey = std::string(stem) + "INV";
+            }
+            target->position = static_cast<std::int16_t>(n_ + 1);
+        }
+        flipNoted_ = false;
+        ++n_;
+    }
+
+    AppState& app_;
+    CatalogueIndex engines_;
+    CatalogueIndex wagons_;
+    long long n_ = 0;
+    bool flipNoted_ = false;
+};
+
+void reportCriticalError(Dialogs& dialogs) {
+    dialogs.report("This consist contains an error.\nPlease test it!", Icon::Stop,
+                   "Critical error");
+}
+
+void startLoad(ConsistState& state) {
+    state.totals.wagons = "0";
+    state.currentPage = 0;
+    for (ConsistSlot& slot : state.slots)
+        clearSlot(slot);
+}
+
+enum class HeaderEnd { Body, NameError, Critical };
+
+// Reads the header lines behind line 1; next is left at the first line of the body.
+HeaderEnd readHeader(ConsistState& state, const std::vector<std::u16string>& lines,
+                     std::size_t& next) {
+    for (int count = 0; count < kHeaderLines && next < lines.size(); ++count) {
+        const std::u16string_view line = lines[next++];
+        if (holds(line, u"TrainCfg")) {
+            if (auto word = trainCfgWord(line)) state.trainCfgWord = utf8(*word);
+        }
+        if (holds(line, u"Name")) {
+            const ConsistName name = nameOfLine(line);
+            state.headerBoxes[1] = utf8(name.name);
+            if (name.inError) return HeaderEnd::NameError;
+        }
+        if (!holds(line, u"\t\t")) continue;
+        if (holds(line, u"MaxVelocity (")) {
+            const auto value = headerValue(line);
+            if (!value) return HeaderEnd::Critical;
+            state.headerBoxes[2] = utf8(*value);
+        }
+        if (holds(line, u"Durability (")) {
+            const auto value = headerValue(line);
+            if (!value) return HeaderEnd::Critical;
+            state.headerBoxes[3] = utf8(*value);
+            break;
+        }
+        if (holds(line, u"Serial (")) {
+            const auto value = headerValue(line);
+            if (!value) return HeaderEnd::Critical;
+            state.headerBoxes[4] = utf8(*value);
+        }
+    }
+    return HeaderEnd::Body;
+}
+
+std::size_t findConsistsFolder(std::string_view path) {
+    for (std::size_t i = 0; i + 9 < path.size(); ++i) {
+        if (isPathSeparator(path[i]) && path.substr(i + 1, 8) == "CONSISTS" &&
+            isPathSeparator(path[i + 9]))
+            return i;
+    }
+    return std::string_view::npos;
+}
+
+std::string withoutLastFour(std::string_view text) {
+    const std::size_t length = utf8Length(text);
+    return length < 4 ? std::string() : utf8Left(text, length - 4);
+}
+
+}  // namespace
+
+std::size_t ConsistLines::firstLineLength() const {
+    const std::size_t text = lines.empty() ? 0 : lines.front().size();
+    return text + (hasMark ? 2 : 0);
+}
+
+ConsistLines consistLines(std::string_view bytes) {
+    ConsistLines result;
+    std::u16string text;
+    result.hasMark = bytes.size() >= 2 && bytes[0] == '\xFF' && bytes[1] == '\xFE';
+    if (result.hasMark) {
+        text.reserve(bytes.size() / 2);
+        for (std::size_t i = 2; i < bytes.size(); i += 2) {
+            const auto low = static_cast<unsigned char>(bytes[i]);
+            const auto high = i + 1 < bytes.size() ? static_cast<unsigned char>(bytes[i + 1]) : 0;
+            text += static_cast<char16_t>(low | (high << 8));
+        }
+    } else {
+        text.reserve(bytes.size());
+        for (char c : bytes) {
+            if (c != '\0') text += static_cast<char16_t>(static_cast<unsigned char>(c));
+        }
+    }
+    std::size_t start = 0;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        if (text[i] != u'\r') continue;
+        result.lines.push_back(text.substr(start, i - start));
+        if (i + 1 < text.size() && text[i + 1] == u'\n') ++i;
+        start = i + 1;
+    }
+    if (start < text.size()) result.lines.push_back(text.substr(start));
+    return result;
+}
+
+ConsistName nameOfLine(std::u16string_view line) {
+    ConsistName result;
+    const std::size_t quote = line.find(u'"');
+    if (quote != npos) {
+        const std::size_t next = line.find(u'"', quote + 1);
+        if (next == npos) {
+            result.inError = true;
+            return result;
+        }
+        result.name = trimBlanks(line.substr(quote + 1, next - quote - 1));
+        return result;
+    }
+    const std::size_t open = line.find(u'(');
+    const std::size_t from = open == npos ? 0 : open + 1;
+    const std::size_t close = line.find(u')', from);
+    if (close == npos) {
+        result.inError = true;
+        return result;
+    }
+    result.name = trimBlanks(line.substr(from, close - from));
+    result.inError = result.name.find(u' ') != npos;
+    return result;
+}
+
+std::string consistNameOf(std::string_view path) {
+    const std::size_t folder = findConsistsFolder(path);
+    if (folder == std::string_view::npos) return withoutLastFour(lastPathPart(path));
+    return withoutLastFour(path.substr(folder + 10));
+}
+
+void loadConsistBytes(AppState& app, Dialogs& dialogs, std::string_view bytes) {
+    ConsistState& state = app.consist;
+    startLoad(state);
+    const ConsistLines file = consistLines(bytes);
+    if (file.firstLineLength() != kUnicodeFirstLine) {
+        dialogs.report("This consist isn't in Unicode format!", Icon::Stop);
+        return;
+    }
+    std::size_t next = 1;
+    switch (readHeader(state, file.lines, next)) {
+        case HeaderEnd::NameError:
+            dialogs.report("There is an error in the name of this consist!", Icon::Stop);
+            return;
+        case HeaderEnd::Critical:
+            reportCriticalError(dialogs);
+            return;
+        case HeaderEnd::Body:
+            break;
+    }
+    BodyReader body(app);
+    for (; next < file.lines.size(); ++next) {
+        if (!body.read(file.lines[next])) {
+            reportCriticalError(dialogs);
+            return;
+        }
+    }
+    setMassText(state.totals, singleText(body.massTotal));
+    setLengthText(state.totals, singleText(body.lengthTotal));
+    refreshPics(state);
+}
+
+void loadConsistFile(AppState& app, Services& services) {
+    ConsistState& state = app.consist;
+    if (state.consistToLoad.empty()) return;
+    addToLastMenu(state.recent, state.consistToLoad);
+    startLoad(state);
+    state.headerBoxes[0] = consistNameOf(state.consistToLoad);
+    state.headerBoxes[1].clear();
+
+    const std::string path = services.fs.resolve(state.consistToLoad);
+    if (!services.fs.isFile(path)) {
+        const Answer answer =
+            services.dialogs.ask("This consist does not exist! Do you wish to create a new one?",
+                                 Buttons::OkCancel, Icon::Stop);
+        if (answer == Answer::Ok) {
+            clearAll(app, services);
+            state.headerBoxes[0] = withoutLastFour(lastPathPart(state.consistToLoad));
+        } else {
+            state.headerBoxes[0].clear();
+        }
+        return;
+    }
+    // A file that can't be read reads as no lines, and so fails the Unicode test.
+    const std::string bytes = services.fs.readFile(path).value_or(std::string());
+    loadConsistBytes(app, services.dialogs, bytes);
+}
+
+}  // namespace rakeyard

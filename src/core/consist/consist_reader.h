@@ -1,0 +1,48 @@
+#pragma once
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "core/app/app_state.h"
+#include "core/platform/services.h"
+
+namespace rakeyard {
+
+// The lines of a consist file as the reader sees them. A file that starts with FF FE is UTF-16
+// LE text; any other file is read as 8-bit text with its zero bytes dropped. A line ends at CR,
+// and an LF right behind it is swallowed; a lone LF stays in its line. The mark FF FE is not
+// part of line 1.
+struct ConsistLines {
+    std::vector<std::u16string> lines;
+    bool hasMark = false;
+    // The length of line 1 as the Unicode test counts it: the mark counts as two characters.
+    std::size_t firstLineLength() const;
+};
+ConsistLines consistLines(std::string_view bytes);
+
+// The consist name of a header line holding "Name": the text between the first two double
+// quotes, or with no quote at all the text between "(" and ")". inError for an unquoted name
+// with a blank, an unpaired quote or no ")".
+struct ConsistName {
+    std::u16string name;
+    bool inError = false;
+};
+ConsistName nameOfLine(std::u16string_view line);
+
+// Loads state.consistToLoad (a full path; nothing happens when it is empty) into the consist:
+// header boxes, slots tied to the catalogues by file name regardless of case, totals, the view
+// of page 0. The name goes into the recent menu first. A file that does not exist is offered
+// for creation; a file that is not UTF-16, a bad name or a damaged line ends the load with a
+// message, keeping what was read so far. Units beyond slot 599 are read but not stored.
+void loadConsistFile(AppState& app, Services& services);
+
+// The reading part of loadConsistFile on the bytes of a file: everything but the recent menu,
+// the file-name box and the question for a missing file.
+void loadConsistBytes(AppState& app, Dialogs& dialogs, std::string_view bytes);
+
+// The name of a consist in the file-name box: the part of path behind "\CONSISTS\" (or with "/"),
+// subfolders kept, less its last 4 characters. A path without that folder gives its file name
+// less 4 characters.
+std::string consistNameOf(std::string_view path);
+
+}  // namespace rakeyard

@@ -1,0 +1,25 @@
+#pragma once
+#include <string>
+
+#include "core/app/app_state.h"
+#include "core/platform/services.h"
+
+namespace rakeyard {
+
+// The ".con" file of the consist as it stands: FF FE, then UTF-16 LE text with CR LF line ends
+// and no line end after the final ")". The header comes from the boxes Text2(0..4) and
+// calculatedMaxVelocity; the units from slot 0 up to the first slot with no unit type.
+std::string consistFileBytes(const ConsistState& state);
+
+// The NextWagonUID of the consist: the highest whole uid up to the first empty slot, plus 1;
+// the highest uid itself when all 300 slots are used.
+long long nextWagonUid(const ConsistState& state);
+
+// Saves the consist as "<Consists folder>/<Text2(0)>.con". Refuses an empty consist, a missing
+// file name, an overwrite the user declines and units missing from the catalogue, each with its
+// message; gaps are closed first (and stay closed even when the save is refused then). The file
+// is written whole or not at all: a failed write is told to the user, the old file stays and
+// consistChanged stays set. True when the file was written.
+[[nodiscard]] bool saveConsist(AppState& app, Services& services);
+
+}  // namespace rakeyard

@@ -1,0 +1,340 @@
+#include "core/consist/editing.h"
+
+#include <cmath>
+
+#include "core/consist/consist_model.h"
+#include "core/consist/image_keys.h"
+#include "core/consist/slot_view.h"
+#include "core/msts/msts_text.h"
+#include "core/platform/text_utf.h"
+
+namespace rakeyard {
+
+namespace {
+
+constexpr std::string_view kNonDriveable = "WARNING: Non-driveable engine!";
+
+int slotOf(const ConsistState& state, int index) {
+    return state.currentPage * kSlotsPerPage + index;
+}
+
+// The first screen slot whose picture shows a selected unit; kSlotsPerPage when none does.
+int selectedScreenSlot(const ConsistState& state) {
+    for (int i = 0; i < kSlotsPerPage; ++i) {
+        if (isSelectedUnitKey(state.slots[slotOf(state, i)].imageKey)) return i;
+    }
+    return kSlotsPerPage;
+}
+
+int firstFreeSlot(const ConsistState& state) {
+    for (int j = 0; j < kUsedSlots; ++j) {
+        if (state.slots[j].position == 0) return j;
+    }
+    return -1;
+}
+
+bool pageWasFull(const ConsistState& state) {
+    for (const SlotView& shown : state.view) {
+        if (shown.name.empty()) return false;
+    }
+    return true;
+}
+
+void storeUnit(ConsistSlot& slot, const UnitRecord& unit, bool isEngine, long long uid, int j) {
+    slot.folderName = unit.folderName;
+    slot.fileName = unit.fileName;
+    slot.displayName = unit.displayName;
+    slot.folderPath = unit.folderPath;
+    slot.unitType = unit.unitType;
+    slot.flipped = false;
+    slot.uid = toSingle(static_cast<double>(uid));
+    slot.position = static_cast<std::int16_t>(j + 1);
+    const std::string_view stem = stemOfType(unit.unitType);
+    const bool engineStem = stem == "ENG" || stem == "DSL" || stem == "ELE";
+    if (!stem.empty() && engineStem == isEngine) slot.imageKey = std::string(stem);
+    slot.length = unit.length;
+    slot.mass = unit.mass;
+    slot.couplerFront = unit.couplerFront;
+    slot.couplerRear = unit.couplerRear;
+    slot.shapeName = unit.shapeName;
+    if (isEngine) {
+        slot.maxPower = unit.maxPower;
+        slot.hasCab = unit.hasCab;
+    }
+}
+
+void addFromList(AppState& app, std::string_view listLine, bool isEngine) {
+    ConsistState& state = app.consist;
+    if (state.currentPage > kLastPage) return;
+    const int selected = selectedScreenSlot(state);
+    if (selected < kSlotsPerPage) insertUnit(state, selected);
+    state.savedPage = state.currentPage;
+    state.consistChanged = true;
+
+    const std::span<const UnitRecord> catalogue =
+        isEngine ? std::span<const UnitRecord>(app.catalogue.engines)
+                 : std::span<const UnitRecord>(app.catalogue.wagons);
+    const int found = findUnitByKey(catalogue, unitKeyOf(listLine));
+    if (found < 0) return;
+    const UnitRecord& unit = catalogue[static_cast<std::size_t>(found)];
+    const long long uid = highestUid(state) + 1;
+    if (isEngine && !unit.hasCab) state.pendingWarning = kNonDriveable;
+
+    const int j = firstFreeSlot(state);
+    if (j < 0) return;  // a full consist takes no more
+    storeUnit(state.slots[j], unit, isEngine, uid, j);
+    if (pageWasFull(state)) {
+        if (state.currentPage >= kLastPage) return;
+        ++state.currentPage;
+        ++state.savedPage;
+    }
+    addInsertedUnit(state.totals, state.slots[j]);
+    if (!isEngine) changeWagonCount(state.totals, 1);
+    checkCoupling(state, j);
+    state.currentPage = state.savedPage;
+    refreshPics(state);
+}
+
+// Slot 0's uid as the renumbering's first number, rounded as a whole-number conversion does.
+long long firstUid(const ConsistState& state) {
+    return wholeNumber(std::nearbyint(static_cast<double>(state.slots[0].uid)));
+}
+
+}  // namespace
+
+std::string unitKeyOf(std::string_view listLine) {
+    const std::size_t caret = listLine.rfind('^');
+    return caret == std::string_view::npos ? std::string()
+                                           : std::string(listLine.substr(caret + 1));
+}
+
+int findUnitByKey(std::span<const UnitRecord> catalogue, std::string_view key) {
+    const std::string wanted = upperAscii(key);
+    for (std::size_t i = 0; i < catalogue.size(); ++i) {
+        if (upperAscii(catalogue[i].fileName) == wanted) return static_cast<int>(i);
+    }
+    return -1;
+}
+
+void insertUnit(ConsistState& state, int index) {
+    const int s = slotOf(state, index);
+    int j = kUsedSlots - 1;
+    for (int k = s; k < kUsedSlots; ++k) {
+        if (state.slots[k].displayName.empty()) {
+            j = k;
+            break;
+        }
+    }
+    deselectPage(state);
+    for (int k = j; k >= s; --k) {
+        if (k == s) {
+            clearSlot(state.slots[k]);
+            state.slots[k].imageKey = "EMP";
+        } else {
+            state.slots[k] = state.slots[k - 1];
+        }
+    }
+    refreshPics(state);
+}
+
+void locList_DblClick(AppState& app, std::string_view listLine) {
+    addFromList(app, listLine, true);
+}
+
+void wagList_DblClick(AppState& app, std::string_view listLine) {
+    addFromList(app, listLine, false);
+}
+
+void insMultiple(AppState& app, Dialogs& dialogs, std::string_view wagListLine,
+                 const std::function<int(const std::string& wagonName)>& askNumber) {
+    if (wagListLine.empty()) {
+        dialogs.report("You must select a wagon from the list", Icon::Exclamation);
+        return;
+    }
+    const std::string wagonName = trimBlanks(wagListLine.substr(0, wagListLine.find('[')));
+    const int number = askNumber(wagonName);
+    if (number <= 0) return;
+    if (number >= 100) {
+        dialogs.report(
+            "That number is too big! The maximum you can\n"
+            "add this way must be less than 100.",
+            Icon::Stop);
+        return;
+    }
+    const int index = selectedScreenSlot(app.consist);
+    for (int n = 0; n < number; ++n) {
+        insertUnit(app.consist, index);
+        wagList_DblClick(app, wagListLine);
+    }
+    reorderUnits(app.consist, dialogs);
+}
+
+void pasteUnits(ConsistState& state, Dialogs& dialogs) {
+    if (!state.selectionActive) {
+        dialogs.report(
+            "First select a unit in the editor by clicking on it\n"
+            "or use Ctrl-Click to select more than one unit at a time.",
+            Icon::Exclamation);
+        return;
+    }
+    state.consistChanged = true;
+    state.selectionActive = false;
+    cmdEnd_Click(state);
+    deselectPage(state);
+
+    int n = firstFreeSlot(state);
+    if (n < 0) n = kUsedSlots;
+    int position = highestPosition(state);
+    for (const ConsistSlot& entry : state.selectionBuffer) {
+        if (entry.fileName.empty() || n >= kUsedSlots) break;
+        ConsistSlot& slot = state.slots[n];
+        slot = entry;
+        slot.position = static_cast<std::int16_t>(++position);
+        if (!slot.displayName.empty()) {
+            addPastedUnit(state.totals, slot);
+            if (isWagonUnit(slot)) changeWagonCount(state.totals, 1);
+        }
+        ++n;
+    }
+    refreshPics(state);
+}
+
+void deleteUnits(ConsistState& state, Dialogs& dialogs) {
+    if (!state.selectionActive) {
+        dialogs.report("First select a unit in the editor with Shift + Click!", Icon::Exclamation);
+        return;
+    }
+    state.consistChanged = true;
+    state.selectionBuffer.assign(1, ConsistSlot{});
+    state.selectionActive = false;
+    for (int i = 0; i < kUsedSlots; ++i) {
+        ConsistSlot& slot = state.slots[i];
+        if (!slot.markedForDelete) continue;
+        if (!slot.displayName.empty()) {
+            subtractUnit(state.totals, slot);
+            if (isWagonUnit(slot)) changeWagonCount(state.totals, -1);
+        }
+        clearSlot(slot);
+    }
+    setNewPositions(state);
+    refreshPics(state);
+
+    if (dialogs.ask("Do you wish to shift and clear the gaps?", Buttons::YesNo, Icon::Question) !=
+        Answer::Yes)
+        return;
+    int last = -1;
+    for (int i = kConsistSlots - 1; i >= 0 && last < 0; --i) {
+        if (!state.slots[i].fileName.empty()) last = i;
+    }
+    for (int i = 0; i <= last; ++i) {
+        if (state.slots[i].fileName.empty()) cmdShift_Click(state, 0);
+    }
+}
+
+void Picture1_DblClick(ConsistState& state, int index) {
+    if (state.lastButton == kRightButton) return;
+    ConsistSlot& slot = state.slots[slotOf(state, index)];
+    state.consistChanged = true;
+    if (isWagonUnit(slot)) changeWagonCount(state.totals, -1);
+    subtractUnit(state.totals, slot);
+    clearSlot(slot);
+    slot.imageKey = "EMP";
+    setNewPositions(state);
+    refreshPics(state);
+}
+
+void setNewPositions(ConsistState& state) {
+    std::int16_t n = 1;
+    for (int i = 0; i < kUsedSlots; ++i) {
+        if (!state.slots[i].displayName.empty()) state.slots[i].position = n++;
+    }
+}
+
+void reorderUnits(ConsistState& state, Dialogs& dialogs) {
+    state.consistChanged = true;
+    long long n = firstUid(state);
+    if (n > kUidLimit) {
+        dialogs.report("Number too big! You must choose a smaller one.", Icon::Stop);
+        return;
+    }
+    for (int i = 0; i < kUsedSlots; ++i) {
+        if (!state.slots[i].displayName.empty()) state.slots[i].uid = toSingle(double(n++));
+    }
+    refreshPics(state);
+}
+
+void cmdShift_Click(ConsistState& state, int index) {
+    if (state.currentPage > kLastPage) return;
+    auto& slots = state.slots;
+    int last = 0;
+    for (int i = kUsedSlots - 1; i >= 0; --i) {
+        if (!slots[i].displayName.empty()) {
+            last = i;
+            break;
+        }
+    }
+    int gap = 0;  // the last empty slot of the first gap
+    for (int b = 0; b < kUsedSlots - 1; ++b) {
+        if (slots[b].displayName.empty() && !slots[b + 1].displayName.empty()) {
+            gap = b;
+            break;
+        }
+    }
+    if (!slots[0].fileName.empty() && gap == 0) return;
+
+    if (index == 0) {
+        for (int k = gap; k <= last; ++k) {
+            if (k == kUsedSlots - 1) {
+                clearSlot(slots[k]);
+                break;
+            }
+            slots[k] = slots[k + 1];
+        }
+    } else {
+        // A unit in slot 299 moves to 300, beyond what is shown and saved.
+        for (int k = last + 1; k >= gap + 2; --k)
+            slots[k] = slots[k - 1];
+        clearSlot(slots[gap + 1]);
+    }
+    refreshPics(state);
+    if (!slots[0].hasCab && gap == 0) state.pendingWarning = kNonDriveable;
+}
+
+void cmdMove_Click(ConsistState& state, int index) {
+    const int oldPage = state.currentPage;
+    if (index == 0 && oldPage > 0) {
+        deselectPage(state);
+        state.currentPage = oldPage - 1;
+    } else if (index == 1 && oldPage < kLastPage) {
+        deselectPage(state);
+        state.currentPage = oldPage + 1;
+    } else {
+        return;
+    }
+    state.savedPage = oldPage;
+    refreshPics(state);
+}
+
+void cmdHome_Click(ConsistState& state) {
+    deselectPage(state);
+    state.currentPage = 0;
+    refreshPics(state);
+}
+
+void cmdEnd_Click(ConsistState& state) {
+    // Positions can run past 300 after pastes into gaps; the page stays within the consist.
+    state.currentPage = std::min(highestPosition(state) / kSlotsPerPage, kLastPage);
+    state.savedPage = state.currentPage;
+    refreshPics(state);
+}
+
+void Text1_Change(ConsistState& state, Dialogs& dialogs, int index, std::string_view text) {
+    const double number = numberValue(trimBlanks(text));
+    if (number >= static_cast<double>(kUidLimit)) {
+        dialogs.report("Number too big! You must choose a smaller one.", Icon::Stop);
+        return;
+    }
+    state.slots[slotOf(state, index)].uid = toSingle(number);
+}
+
+}  // namespace rakeyard
