@@ -1,0 +1,272 @@
+#include "core/platform/local_file_system.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <chrono>
+#include <filesystem>
+#include <fstream>
+#include <thread>
+
+#include "core/platform/paths.h"
+#include "core/platform/text_utf.h"
+#include "support/fakes.h"
+#include "support/msts_tree.h"
+
+namespace fs = std::filesystem;
+
+namespace rakeyard {
+namespace {
+
+void writeText(const std::string& path, std::string_view text) {
+    fs::create_directories(fs::path(path).parent_path());
+    std::ofstream out(path, std::ios::binary | std::ios::trunc);
+    out.write(text.data(), static_cast<std::streamsize>(text.size()));
+}
+
+// The names in a folder as the disk has them, sorted plainly.
+std::vector<std::string> namesIn(const std::string& folder) {
+    std::vector<std::string> names;
+    for (const auto& entry : fs::directory_iterator(folder))
+        names.push_back(entry.path().filename().string());
+    std::sort(names.begin(), names.end());
+    return names;
+}
+
+// Makes a folder's last change old enough for the cache to keep its listing.
+void ageFolder(const std::string& folder) {
+    fs::last_write_time(folder, fs::file_time_type::clock::now() - std::chrono::hours(1));
+}
+
+std::string native(std::string_view path) {
+    return nativeSeparators(path);
+}
+
+TEST(ListFolder, SortsByUpperCasedNameThenExactNameSoUnderscoreFollowsLetters) {
+    test::TempFolder temp;
+    for (const char* name : {"b", "_x", "A", "a", "Z", "1", "a_b", "ab"})
+        writeText(temp / name, name);
+    fs::create_directory(temp / "Folder");
+
+    LocalFileSystem files;
+    std::vector<std::string> names;
+    for (const DirEntry& entry : files.listFolder(temp.path()))
+        names.push_back(entry.name);
+
+    EXPECT_EQ(names,
+              (std::vector<std::string>{"1", "A", "a", "ab", "a_b", "b", "Folder", "Z", "_x"}));
+}
+
+TEST(ListFolder, TellsFoldersAndFileSizesAndIsEmptyForAMissingFolder) {
+    test::TempFolder temp;
+    writeText(temp / "sub/file.txt", "12345");
+    LocalFileSystem files;
+
+    const std::vector<DirEntry> top = files.listFolder(temp.path());
+    ASSERT_EQ(top.size(), 1u);
+    EXPECT_TRUE(top[0].isFolder);
+    const std::vector<DirEntry> sub = files.listFolder(temp / "SUB");
+    ASSERT_EQ(sub.size(), 1u);
+    EXPECT_FALSE(sub[0].isFolder);
+    EXPECT_EQ(sub[0].size, 5u);
+    EXPECT_TRUE(files.listFolder(temp / "missing").empty());
+}
+
+TEST(ListFolder, RealTrainsetIsListedInOrder) {
+    const std::string trainset =
+        std::string(RAKEYARD_REALDATA_DIR) + "/cjakeman_Demo-Model-1/TRAINS/TRAINSET";
+    if (!fs::is_directory(trainset)) GTEST_SKIP() << "no real data at " << trainset;
+    LocalFileSystem files;
+    const std::vector<DirEntry> entries = files.listFolder(trainset);
+    ASSERT_GT(entries.size(), 1u);
+    for (std::size_t i = 1; i < entries.size(); ++i) {
+        const std::string a = upperAscii(entries[i - 1].name);
+        const std::string b = upperAscii(entries[i].name);
+        EXPECT_TRUE(a < b || (a == b && entries[i - 1].name < entries[i].name))
+            << entries[i - 1].name << " before " << entries[i].name;
+    }
+}
+
+class Resolve : public ::testing::Test {
+protected:
+    void SetUp() override {
+        writeText(temp / "Trains/Trainset/GP38/gp38.eng", "x");
+        writeText(temp / "Trains/Consists/a.con", "x");
+        fs::create_directories(temp / "Twin/case");
+        fs::create_directories(temp / "Twin/CASE");
+    }
+    test::TempFolder temp;
+    LocalFileSystem files;
+};
+
+TEST_F(Resolve, MatchesEachPartWithoutRegardToCaseAndWithEitherSeparator) {
+    struct Case {
+        std::string given;
+        std::string expected;
+    };
+    const std::string root = temp.path();
+    const Case cases[] = {
+        {root + "\\TRAINS\\TRAINSET\\gp38\\GP38.ENG", "Trains/Trainset/GP38/gp38.eng"},
+        {root + "/trains/trainset/Gp38/Gp38.Eng", "Trains/Trainset/GP38/gp38.eng"},
+        {root + "/trains\\TRAINSET/gp38\\gp38.eng", "Trains/Trainset/GP38/gp38.eng"},
+        {root + "//trains\\\\consists//A.CON", "Trains/Consists/a.con"},
+        // Parts below a missing one are kept as given.
+        {root + "\\trains\\NoSuch\\gp38\\GP38.ENG", "Trains/NoSuch/gp38/GP38.ENG"},
+        {root + "\\trains\\trainset\\new.con", "Trains/Trainset/new.con"},
+        {root + "/trains/trainset/", "Trains/Trainset/"},
+        // Where two names differ only in case, the exact one wins, else the first listed.
+        {root + "/twin/case", "Twin/case"},
+        {root + "/twin/CASE", "Twin/CASE"},
+        {root + "/twin/Case", "Twin/CASE"},
+    };
+    for (const Case& c : cases) {
+        EXPECT_EQ(files.resolve(c.given), native(root + "/" + c.expected)) << c.given;
+    }
+}
+
+TEST_F(Resolve, EveryOtherMethodFindsTheFileInAnyCase) {
+    const std::string wrongCase = temp.path() + "\\TRAINS\\trainset\\gp38\\GP38.ENG";
+    EXPECT_TRUE(files.isFile(wrongCase));
+    EXPECT_FALSE(files.isFolder(wrongCase));
+    EXPECT_TRUE(files.isFolder(temp.path() + "\\TRAINS\\trainset"));
+    EXPECT_EQ(files.fileSize(wrongCase), 1u);
+    EXPECT_EQ(files.readFile(wrongCase), "x");
+    EXPECT_EQ(files.listFolder(temp.path() + "/TRAINS/TRAINSET/gp38").size(), 1u);
+
+    ASSERT_TRUE(files.writeFile(wrongCase, "new"));
+    EXPECT_EQ(namesIn(temp / "Trains/Trainset/GP38"), std::vector<std::string>{"gp38.eng"});
+    EXPECT_EQ(test::readWholeFile(temp / "Trains/Trainset/GP38/gp38.eng"), "new");
+
+    ASSERT_TRUE(files.appendFile(wrongCase, "er"));
+    EXPECT_EQ(test::readWholeFile(temp / "Trains/Trainset/GP38/gp38.eng"), "newer");
+    EXPECT_TRUE(files.removeFile(wrongCase));
+    EXPECT_FALSE(fs::exists(temp / "Trains/Trainset/GP38/gp38.eng"));
+}
+
+TEST_F(Resolve, SeesAFolderRenamedBehindItsBack) {
+    ageFolder(temp / "Trains/Trainset");
+    EXPECT_EQ(files.resolve(temp / "trains/trainset/gp38"),
+              native(temp.path() + "/Trains/Trainset/GP38"));
+    // The rename changes the folder's modification time, which the cached listing is checked
+    // against.
+    fs::rename(temp / "Trains/Trainset/GP38", temp / "Trains/Trainset/Gp38");
+    EXPECT_EQ(files.resolve(temp / "trains/trainset/gp38"),
+              native(temp.path() + "/Trains/Trainset/Gp38"));
+}
+
+TEST_F(Resolve, SeesWhatItCreatedItself) {
+    ageFolder(temp / "Trains/Consists");
+    EXPECT_FALSE(files.isFile(temp / "trains/consists/B.con"));
+    ASSERT_TRUE(files.writeFile(temp / "Trains/Consists/b.con", "x"));
+    EXPECT_TRUE(files.isFile(temp / "trains/consists/B.con"));
+    ASSERT_TRUE(files.createFolder(temp / "trains/consists/New/Deeper"));
+    EXPECT_TRUE(fs::is_directory(temp / "Trains/Consists/New/Deeper"));
+    EXPECT_TRUE(files.isFolder(temp / "TRAINS/CONSISTS/NEW/deeper"));
+}
+
+TEST_F(Resolve, GivesTheSameAnswersFromTwoThreads) {
+    const std::string given = temp.path() + "\\TRAINS\\TRAINSET\\gp38\\GP38.ENG";
+    const std::string expected = native(temp.path() + "/Trains/Trainset/GP38/gp38.eng");
+    int wrong[2] = {0, 0};
+    auto work = [&](int which) {
+        for (int i = 0; i < 300; ++i) {
+            if (files.resolve(given) != expected) ++wrong[which];
+        }
+    };
+    std::thread first(work, 0);
+    std::thread second(work, 1);
+    first.join();
+    second.join();
+    EXPECT_EQ(wrong[0] + wrong[1], 0);
+}
+
+TEST(ResolveRealData, FindsAUnitFileWhoseNameDiffersInCaseFromItsFolder) {
+    const std::string root = std::string(RAKEYARD_REALDATA_DIR) + "/cjakeman_Demo-Model-1";
+    const std::string onDisk =
+        root + "/TRAINS/TRAINSET/mt_dd_class_27_27207/MT_DD_CLASS_27_27207.eng";
+    if (!fs::exists(onDisk)) GTEST_SKIP() << "no real data at " << onDisk;
+    LocalFileSystem files;
+    EXPECT_EQ(
+        files.resolve(root + "\\trains\\trainset\\MT_DD_CLASS_27_27207\\mt_dd_class_27_27207.ENG"),
+        native(onDisk));
+}
+
+class SafeWriter : public ::testing::Test {
+protected:
+    test::TempFolder temp;
+    test::FailingFileSystem files;
+    const std::string target = temp / "unit.eng";
+    const std::string oldText = "the old file, whole";
+};
+
+TEST_F(SafeWriter, FailureAtAnyByteLeavesTheOldFileWholeAndNoTemporaryFile) {
+    writeText(target, oldText);
+    // Long enough for the writer to go through more than one chunk.
+    std::string newText(200000, 'n');
+    for (std::size_t i = 0; i < newText.size(); i += 7)
+        newText[i] = static_cast<char>('a' + i % 26);
+    for (std::size_t failAt : {std::size_t{0}, std::size_t{1}, std::size_t{65536},
+                               std::size_t{65537}, std::size_t{150000}, newText.size() - 1}) {
+        files.failAfterBytes = failAt;
+        const WriteResult result = files.writeFile(target, newText);
+        EXPECT_FALSE(result.ok) << failAt;
+        EXPECT_EQ(result.message, "No space left on device") << failAt;
+        EXPECT_EQ(test::readWholeFile(target), oldText) << failAt;
+        EXPECT_EQ(namesIn(temp.path()), std::vector<std::string>{"unit.eng"}) << failAt;
+    }
+    files.failAfterBytes = newText.size();
+    EXPECT_TRUE(files.writeFile(target, newText));
+    EXPECT_EQ(test::readWholeFile(target), newText);
+    EXPECT_EQ(namesIn(temp.path()), std::vector<std::string>{"unit.eng"});
+}
+
+TEST_F(SafeWriter, FailedFirstWriteLeavesNoFileAtAll) {
+    files.failAfterBytes = 3;
+    EXPECT_FALSE(files.writeFile(target, "abcdef"));
+    EXPECT_TRUE(namesIn(temp.path()).empty());
+}
+
+TEST_F(SafeWriter, TargetThatCannotBeReplacedIsToldAndLeavesNothingBehind) {
+    fs::create_directory(temp / "unit.eng");
+    const WriteResult intoFolder = files.writeFile(target, "abc");
+    EXPECT_FALSE(intoFolder.ok);
+    EXPECT_FALSE(intoFolder.message.empty());
+    EXPECT_EQ(namesIn(temp.path()), std::vector<std::string>{"unit.eng"});
+
+    const WriteResult missingFolder = files.writeFile(temp / "nowhere/unit.eng", "abc");
+    EXPECT_FALSE(missingFolder.ok);
+    EXPECT_EQ(missingFolder.message, "No such file or directory");
+}
+
+TEST_F(SafeWriter, ReplacedFileKeepsItsPermissions) {
+    writeText(target, oldText);
+    fs::permissions(target, fs::perms::owner_read | fs::perms::owner_write);
+    ASSERT_TRUE(files.writeFile(target, "new"));
+    EXPECT_EQ(fs::status(target).permissions() & fs::perms::all,
+              fs::perms::owner_read | fs::perms::owner_write);
+}
+
+TEST(LocalFileSystem, SmallOperationsReportWhatHappened) {
+    test::TempFolder temp;
+    LocalFileSystem files;
+    fs::create_directory(temp / "folder");
+
+    EXPECT_EQ(files.readFile(temp / "missing"), std::nullopt);
+    EXPECT_EQ(files.readFile(temp / "folder"), std::nullopt);
+    EXPECT_EQ(files.fileSize(temp / "folder"), std::nullopt);
+    EXPECT_FALSE(files.removeFile(temp / "missing"));
+    EXPECT_FALSE(files.removeFile(temp / "folder"));  // folders go to the bin, not through here
+    EXPECT_TRUE(fs::is_directory(temp / "folder"));
+    EXPECT_FALSE(files.isFile(""));
+    EXPECT_FALSE(files.createFolder(""));
+
+    ASSERT_TRUE(files.appendFile(temp / "log.txt", "one\n"));
+    ASSERT_TRUE(files.appendFile(temp / "LOG.TXT", "two\n"));
+    EXPECT_EQ(files.readFile(temp / "log.txt"), "one\ntwo\n");
+    EXPECT_FALSE(files.appendFile(temp / "nowhere/log.txt", "x"));
+    ASSERT_TRUE(files.writeFile(temp / "empty.bin", ""));
+    EXPECT_EQ(files.fileSize(temp / "empty.bin"), 0u);
+}
+
+}  // namespace
+}  // namespace rakeyard
