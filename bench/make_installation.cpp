@@ -1,0 +1,215 @@
+// make_installation: writes a large synthetic MSTS installation for the benchmarks.
+//
+//   make_installation FOLDER [ENGINES [WAGONS [SEED]]]
+//
+// Defaults: 6000 engines, 8000 wagons, seed 1. The same arguments always give the same bytes.
+// Units stand several to a folder under TRAINS/TRAINSET, with names in mixed letter case;
+// engines are tens of kilobytes (long descriptions, comments, many light blocks), wagons a few.
+// Every unit file is UTF-16 LE behind FF FE with CR LF line ends, as MSTS writes them; each
+// folder also holds the shape and shape definition files a real one would.
+#include <cstdint>
+#include <cstdio>
+#include <filesystem>
+#include <fstream>
+#include <string>
+#include <vector>
+
+namespace {
+
+// A small generator of our own, so that the output does not depend on the library's
+// distributions.
+class Random {
+public:
+    explicit Random(std::uint64_t seed) : state_(seed * 0x9E3779B97F4A7C15ull + 1) {}
+    std::uint64_t next() {
+        state_ ^= state_ << 13;
+        state_ ^= state_ >> 7;
+        state_ ^= state_ << 17;
+        return state_;
+    }
+    int below(int limit) { return static_cast<int>(next() % static_cast<std::uint64_t>(limit)); }
+    double between(double low, double high) {
+        return low + (high - low) * static_cast<double>(next() % 1000000) / 1000000.0;
+    }
+    template <typename T>
+    const T& pick(const std::vector<T>& items) {
+        return items[static_cast<std::size_t>(below(static_cast<int>(items.size())))];
+    }
+
+private:
+    std::uint64_t state_;
+};
+
+const std::vector<std::string> kWords = {
+    "valley", "junction", "colliery", "express", "goods",   "heavy",  "branch", "line",
+    "works",  "depot",    "shed",     "livery",  "green",   "maroon", "blue",   "rebuilt",
+    "boiler", "tender",   "bogie",    "brake",   "vacuum",  "air",    "driver", "fireman",
+    "summit", "gradient", "tunnel",   "viaduct", "harbour", "market", "yard",   "signal"};
+const std::vector<std::string> kCouplings = {"Automatic", "Bar", "Chain", "Chain", "Automatic"};
+const std::vector<std::string> kEngineTypes = {"Steam", "Diesel", "Electric", "diesel"};
+const std::vector<std::string> kWagonTypes = {"Freight", "Carriage", "Tender", "freight"};
+
+std::string mixedCase(const std::string& text, Random& random) {
+    std::string mixed = text;
+    for (char& c : mixed) {
+        if (random.below(4) == 0)
+            c = static_cast<char>(std::toupper(static_cast<unsigned char>(c)));
+    }
+    return mixed;
+}
+
+std::string sentence(Random& random, int words) {
+    std::string text;
+    for (int i = 0; i < words; ++i)
+        text += (i ? " " : "") + random.pick(kWords);
+    text[0] = static_cast<char>(std::toupper(static_cast<unsigned char>(text[0])));
+    return text + ".";
+}
+
+std::string number(double value) {
+    char text[32];
+    std::snprintf(text, sizeof text, "%.2f", value);
+    return text;
+}
+
+std::string couplingBlock(const std::string& type) {
+    return "\tCoupling (\n\t\tType ( " + type +
+           " )\n\t\tSpring (\n\t\t\tStiffness ( 1e6N/m 5e6N/m )\n"
+           "\t\t\tDamping ( 1e6N/m/s 1e6N/m/s )\n\t\t\tBreak ( 1e7N 1e7N )\n"
+           "\t\t\tr0 ( 0.2m 0.3m )\n\t\t)\n\t\tCouplingHasRigidConnection ( 0 )\n"
+           "\t\tVelocity ( 0.1m/s )\n\t)\n";
+}
+
+std::string lightBlock(int index, Random& random) {
+    return "\t\tLight (\n\t\t\tcomment( Light " + std::to_string(index) + ": " +
+           sentence(random, 6) +
+           " )\n\t\t\tType ( 0 )\n\t\t\tConditions ( Headlight ( 3 ) Unit ( 2 ) )\n"
+           "\t\t\tCycle ( 0 )\n\t\t\tFadeIn ( 0.5 )\n\t\t\tFadeOut ( 0.5 )\n\t\t\tStates ( 1\n"
+           "\t\t\t\tState (\n\t\t\t\t\tDuration ( 0.0 )\n\t\t\t\t\tLightColour ( ffffffee )\n"
+           "\t\t\t\t\tPosition ( 0.0 3.6 " +
+           number(random.between(-10, 10)) +
+           " )\n\t\t\t\t\tAzimuth ( 0.0 0.0 0.0 )\n\t\t\t\t\tTransition ( 0 )\n"
+           "\t\t\t\t\tRadius ( 0.2 )\n\t\t\t\t)\n\t\t\t)\n\t\t)\n";
+}
+
+// The part of a unit file that engines and wagons share: the Wagon section up to its end.
+std::string wagonSection(const std::string& name, const std::string& type, Random& random,
+                         int lights) {
+    const std::string size = number(random.between(2.5, 3)) + "m " +
+                             number(random.between(3.5, 4.2)) + "m " +
+                             number(random.between(6, 24)) + "m";
+    std::string text = "SIMISA@@@@@@@@@@JINX0D0t______\n\nWagon ( " + name + "\n";
+    text += "\tcomment ( " + sentence(random, 12) + " )\n";
+    text += "\tType ( " + type + " )\n\tWagonShape ( " + name + ".s )\n";
+    text += "\tSize ( " + size + " )\n\tMass ( " + number(random.between(8, 130)) + "t )\n";
+    text += "\tWheelRadius ( 0.5m )\n\tInertiaTensor ( Box ( " + size + " ) )\n";
+    text += couplingBlock(random.pick(kCouplings));
+    if (random.below(3) == 0) text += couplingBlock(random.pick(kCouplings));
+    text +=
+        "\tBuffers (\n\t\tSpring (\n\t\t\tStiffness ( 1e6N/m 5e6N/m )\n"
+        "\t\t\tDamping ( 1e6N/m/s 1e6N/m/s )\n\t\t\tr0 ( 0m 1e9 )\n\t\t)\n"
+        "\t\tCentre ( 0.5 )\n\t\tRadius ( 1 )\n\t\tAngle ( 0.5deg )\n\t)\n";
+    text += "\tAdheasion ( 0.3 0.6 2 0 )\n\tNumWheels ( 4 )\n";
+    text += "\tFriction (\n\t\t500N/m/s 0 1mph 0 1\n\t\t5.1N/m/s 0 1mph 0 1\n\t)\n";
+    text += "\tBrakeEquipmentType ( \"Handbrake, Air_twin_pipe, Triple_valve\" )\n";
+    text += "\tMaxBrakeForce ( " + number(random.between(20, 120)) + "kN )\n";
+    if (lights > 0) {
+        text += "\tLights ( " + std::to_string(lights) + "\n";
+        for (int i = 0; i < lights; ++i)
+            text += lightBlock(i, random);
+        text += "\t)\n";
+    }
+    return text;
+}
+
+std::string engineText(const std::string& name, Random& random) {
+    std::string text = wagonSection(name, "Engine", random, 8 + random.below(10));
+    text += "\tSound ( \"" + name + "_eng.sms\" )\n)\n\nEngine ( " + name + "\n";
+    text += "\tcomment ( " + sentence(random, 20) + " )\n";
+    text += "\tType ( " + random.pick(kEngineTypes) + " )\n";
+    text += "\tMaxPower ( " + std::to_string(300 + random.below(4000)) + "kW )\n";
+    text += "\tMaxForce ( 250kN )\n\tMaxVelocity ( " + std::to_string(40 + random.below(80)) +
+            "mph )\n";
+    if (random.below(10) != 0) text += "\tCabView ( " + name + ".cvf )\n";
+    text += "\tName ( \"" + sentence(random, 4) + "\" )\n";
+    text += "\tDescription (\n";
+    const int lines = 60 + random.below(120);
+    for (int i = 0; i < lines; ++i)
+        text += "\t\t\"" + sentence(random, 14) + " \"+\n";
+    text += "\t\t\"\"\n\t)\n";
+    text +=
+        "\tEngineControllers (\n\t\tThrottle ( 0 1 0.05 0 )\n"
+        "\t\tBrake_Train ( 0 1 0.05 0 )\n\t\tDirControl ( -1 0 1 1 )\n\t)\n)\n";
+    return text;
+}
+
+std::string wagonText(const std::string& name, Random& random) {
+    std::string text = wagonSection(name, random.pick(kWagonTypes), random, random.below(3));
+    text += "\tName ( \"" + sentence(random, 4) + "\" )\n)\n";
+    return text;
+}
+
+std::string msts(const std::string& text) {
+    std::string bytes = "\xFF\xFE";
+    bytes.reserve(text.size() * 2 + 64);
+    for (char c : text) {
+        if (c == '\n') bytes.append("\r\0", 2);
+        bytes += c;
+        bytes += '\0';
+    }
+    return bytes;
+}
+
+void writeFile(const std::filesystem::path& path, const std::string& bytes) {
+    std::ofstream(path, std::ios::binary)
+        .write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+}
+
+// Fills one folder with its units and the shape files beside them.
+void writeUnits(const std::filesystem::path& folder, const std::string& stem, int count,
+                bool engines, Random& random) {
+    std::filesystem::create_directories(folder);
+    for (int i = 0; i < count; ++i) {
+        const std::string name = mixedCase(stem + "_" + std::to_string(i), random);
+        const std::string extension =
+            random.below(50) == 0 ? (engines ? ".ENG" : ".WAG") : (engines ? ".eng" : ".wag");
+        writeFile(folder / (name + extension),
+                  msts(engines ? engineText(name, random) : wagonText(name, random)));
+        writeFile(folder / (name + ".sd"),
+                  msts("SIMISA@@@@@@@@@@JINX0t1t______\n\nshape ( " + name + ".s\n)\n"));
+        writeFile(folder / (name + ".s"), std::string(512, '\x01'));
+    }
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    if (argc < 2) {
+        std::fputs("usage: make_installation FOLDER [ENGINES [WAGONS [SEED]]]\n", stderr);
+        return 2;
+    }
+    const std::filesystem::path root = argv[1];
+    const int engines = argc > 2 ? std::stoi(argv[2]) : 6000;
+    const int wagons = argc > 3 ? std::stoi(argv[3]) : 8000;
+    Random random(argc > 4 ? std::stoull(argv[4]) : 1);
+    const std::filesystem::path trainset = root / "TRAINS" / "TRAINSET";
+    std::filesystem::create_directories(root / "TRAINS" / "CONSISTS");
+    std::filesystem::create_directories(root / "SOUND");
+
+    int folder = 0;
+    for (int written = 0; written < engines; ++folder) {
+        const int count = std::min(1 + random.below(4), engines - written);
+        const std::string stem = mixedCase("loco" + std::to_string(folder), random);
+        writeUnits(trainset / mixedCase("Bench_" + stem, random), stem, count, true, random);
+        written += count;
+    }
+    for (int written = 0; written < wagons; ++folder) {
+        const int count = std::min(2 + random.below(5), wagons - written);
+        const std::string stem = mixedCase("stock" + std::to_string(folder), random);
+        writeUnits(trainset / mixedCase("Bench_" + stem, random), stem, count, false, random);
+        written += count;
+    }
+    std::printf("%s: %d engines, %d wagons in %d folders\n", root.string().c_str(), engines, wagons,
+                folder);
+    return 0;
+}
