@@ -6,6 +6,7 @@
 
 #include "core/settings/settings_editor.h"
 #include "core/settings/settings_record.h"
+#include "core/settings/shell_helpers.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     using namespace rakeyard;
@@ -25,5 +26,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     setText(edited, &SettingsRecord::mstsPath, bytes.substr(0, 300));
     if (serializeSettings(edited).size() != kSettingsRecordSize) std::abort();
     (void)toSettingsNumber(bytes);
+    // Each character of one to four bytes gives one or two UTF-16 units.
+    const std::string wide = toWideBytes(bytes);
+    if (wide.size() % 2 || wide.size() > 2 * bytes.size() || 3 * wide.size() < 2 * bytes.size())
+        std::abort();
     return 0;
 }
