@@ -37,9 +37,6 @@ enum class StartUpResult { Ready, Ended };
 // user gave up at the MSTS path window.
 StartUpResult initProg(AppState& state, Services& services, StartUpWindows& windows);
 
-// The full path of Reports\StartErrors.txt under the program's folder.
-std::string startErrorsPath(const PathGlobals& paths);
-
 // Window place stored at shutdown (twips, as the record keeps them).
 struct WindowPlace {
     int left = 0;

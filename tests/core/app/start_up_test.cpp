@@ -1,0 +1,182 @@
+#include "core/app/start_up.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <deque>
+
+#include "core/msts/catalogue_reader.h"
+#include "core/settings/path_windows.h"
+#include "core/settings/settings_file.h"
+#include "support/fakes.h"
+#include "support/msts_tree.h"
+
+namespace rakeyard {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::HasSubstr;
+
+// Plays the user at the start-up windows: each path window gets the next text of a script and
+// presses OK, or Cancel when the script is used up.
+class ScriptedWindows : public StartUpWindows {
+public:
+    ScriptedWindows(AppState& state, Services& services) : state_(state), services_(services) {}
+
+    bool showPathWindow() override {
+        shown.push_back("frmPath");
+        while (!pathTexts.empty()) {
+            const std::string text = pathTexts.front();
+            pathTexts.pop_front();
+            if (acceptMstsPath(text, state_.settings, state_.paths, services_) ==
+                WindowOutcome::Close)
+                return true;
+        }
+        return cancelMstsPath("") != PathCancelOutcome::EndProgram;
+    }
+    void showDefaultEditorWindow() override {
+        shown.push_back("Defeditor");
+        (void)acceptEditorPath(editorPath, state_.settings, state_.paths, services_);
+    }
+    void showViewerOptionWindow() override {
+        shown.push_back("SFVOption");
+        if (declineViewerChoice)
+            (void)declineViewer(state_.settings, state_.paths, services_);
+        else
+            (void)acceptViewerPath(viewerPath, state_.settings, state_.paths, services_);
+    }
+    void showScreenshotsWindow() override {
+        shown.push_back("frmScrshots");
+        (void)acceptScreenshotsPath(screenshotsPath, state_.settings, state_.paths, services_);
+    }
+    void setViewerButton(bool enabled, std::string_view toolTip) override {
+        viewerButton = std::string(enabled ? "on:" : "off:") + std::string(toolTip);
+    }
+
+    std::deque<std::string> pathTexts;
+    std::string editorPath;
+    std::string viewerPath;
+    std::string screenshotsPath;
+    bool declineViewerChoice = false;
+    std::vector<std::string> shown;
+    std::string viewerButton;
+
+private:
+    AppState& state_;
+    Services& services_;
+};
+
+class InitProg : public ::testing::Test {
+protected:
+    InitProg() {
+        state->paths.programFolder = msts.home();
+        fake.dialogs.defaultAnswer = Answer::Ok;  // keep StartErrors.txt
+        tools = msts.writeBytes("tools/editor.exe", "x");
+        viewer = msts.writeBytes("tools/viewer.exe", "x");
+        windows.editorPath = tools;
+        windows.viewerPath = viewer;
+        windows.screenshotsPath = msts.msts() + "/tools";
+    }
+
+    test::MstsTree msts;
+    test::FakeServices fake;
+    std::unique_ptr<AppState> state = std::make_unique<AppState>();
+    ScriptedWindows windows{*state, fake.services};
+    std::string tools;
+    std::string viewer;
+};
+
+TEST_F(InitProg, FirstRunAsksForPathEditorViewerAndScreenshotsInThatOrder) {
+    windows.pathTexts = {msts.msts()};
+    ASSERT_EQ(initProg(*state, fake.services, windows), StartUpResult::Ready);
+    EXPECT_THAT(windows.shown, ElementsAre("frmPath", "Defeditor", "SFVOption", "frmScrshots"));
+    EXPECT_EQ(windows.viewerButton, "on:3D view");
+    EXPECT_EQ(state->paths.engineFilter, "All");
+    EXPECT_EQ(state->paths.wagonFilter, "All");
+
+    // A second start asks for nothing: everything was stored.
+    auto again = std::make_unique<AppState>();
+    again->paths.programFolder = msts.home();
+    ScriptedWindows quiet(*again, fake.services);
+    ASSERT_EQ(initProg(*again, fake.services, quiet), StartUpResult::Ready);
+    EXPECT_TRUE(quiet.shown.empty());
+    EXPECT_EQ(again->paths.trainsetPath, state->paths.trainsetPath);
+}
+
+TEST_F(InitProg, RefusedViewerSkipsScreenshotsWindowAndDisablesButton) {
+    windows.pathTexts = {msts.msts()};
+    windows.declineViewerChoice = true;
+    ASSERT_EQ(initProg(*state, fake.services, windows), StartUpResult::Ready);
+    EXPECT_THAT(windows.shown, ElementsAre("frmPath", "Defeditor", "SFVOption"));
+    EXPECT_EQ(windows.viewerButton, "off:3D view (not installed)");
+    EXPECT_EQ(state->paths.viewerPath, "NO");
+}
+
+TEST_F(InitProg, WrongFolderComesBackToPathWindowUntilTrainsetExists) {
+    const std::string noTrains = msts.root() + "/home";  // a folder without TRAINS
+    windows.pathTexts = {noTrains, msts.msts()};
+    ASSERT_EQ(initProg(*state, fake.services, windows), StartUpResult::Ready);
+    EXPECT_EQ(std::count(windows.shown.begin(), windows.shown.end(), "frmPath"), 2);
+    ASSERT_FALSE(fake.dialogs.shown.empty());
+    EXPECT_EQ(fake.dialogs.shown.front().title, "ERROR");
+    EXPECT_EQ(fake.dialogs.shown.front().icon, Icon::Stop);
+    EXPECT_EQ(fake.dialogs.shown.front().text,
+              "Cannot find MSTS in the specified directory!\n\nYou must enter the correct path "
+              "for the program.\n\ni.e. \"C:\\Program Files\\Microsoft Games\\Train "
+              "Simulator\".");
+}
+
+TEST_F(InitProg, CancelWithEmptyBoxEndsTheProgramAndLeavesSettingsEmpty) {
+    EXPECT_EQ(initProg(*state, fake.services, windows), StartUpResult::Ended);
+    EXPECT_THAT(windows.shown, ElementsAre("frmPath"));
+    EXPECT_TRUE(msts.exists("home/settings.bin"));
+    EXPECT_EQ(msts.read("home/settings.bin").size(), 0u);
+}
+
+TEST_F(InitProg, MakesReportsFolderAndDropsOldStartErrors) {
+    windows.pathTexts = {msts.msts()};
+    ASSERT_EQ(initProg(*state, fake.services, windows), StartUpResult::Ready);
+    const std::string old = startErrorsFile(state->paths);
+    ASSERT_TRUE(fake.fs.appendFile(old, "old findings\r\n"));
+    ScriptedWindows quiet(*state, fake.services);
+    ASSERT_EQ(initProg(*state, fake.services, quiet), StartUpResult::Ready);
+    EXPECT_FALSE(fake.fs.isFile(old));
+    EXPECT_TRUE(fake.fs.isFolder(msts.home() + "/Reports"));
+}
+
+TEST_F(InitProg, ScreenshotsDefaultToTheViewersFolder) {
+    windows.pathTexts = {msts.msts()};
+    ASSERT_EQ(initProg(*state, fake.services, windows), StartUpResult::Ready);
+    // Clear the folder as frmSettings could, then start again.
+    setText(state->settings, &SettingsRecord::screenshotsPath, "");
+    ASSERT_TRUE(writeSettings(fake.fs, msts.home(), state->settings));
+    ScriptedWindows quiet(*state, fake.services);
+    quiet.screenshotsPath = "/no/such/folder";  // the window is refused: nothing chosen
+    ASSERT_EQ(initProg(*state, fake.services, quiet), StartUpResult::Ready);
+    EXPECT_EQ(state->paths.screenshotsPath, msts.msts() + "/tools");
+}
+
+TEST(ParseCommandLine, DebugSwitchInEitherCaseAndQuotedConsistPath) {
+    EXPECT_TRUE(parseCommandLine("/D").debugMode);
+    EXPECT_TRUE(parseCommandLine("/d").debugMode);
+    EXPECT_EQ(parseCommandLine("/d").consistToOpen, "");
+    EXPECT_FALSE(parseCommandLine("\"/d\" x").debugMode);
+    EXPECT_EQ(parseCommandLine("\"C:\\My Trains\\a b.con\"").consistToOpen,
+              "C:\\My Trains\\a b.con");
+    EXPECT_EQ(parseCommandLine("").consistToOpen, "");
+}
+
+TEST(StoreMainWindowPlace, KeepsPlacesWithinTheRecordsRange) {
+    test::MstsTree msts;
+    test::FakeServices fake;
+    auto state = std::make_unique<AppState>();
+    state->paths.programFolder = msts.home();
+    storeMainWindowPlace(*state, fake.services, {40000, -5, 7000});
+    const SettingsRecord stored = readSettings(fake.fs, msts.home());
+    EXPECT_EQ(stored.mainLeft, 32767);
+    EXPECT_EQ(stored.mainTop, -5);
+    EXPECT_EQ(stored.mainHeight, 7000);
+}
+
+}  // namespace
+}  // namespace rakeyard
