@@ -52,3 +52,13 @@ StartUpResult changeMstsPath(AppState& state, Services& services, StartUpWindows
                              const std::string& oldMstsPath);
 
 }  // namespace rakeyard
+
+namespace rakeyard {
+
+// mnuExit: a changed consist is offered for saving first. False when the user said Yes and the
+// save ended without a file name, so the program goes on running.
+[[nodiscard]] bool confirmExit(AppState& state, Services& services);
+// The main window's unload: a changed consist that has a file name is offered for saving.
+void offerSaveOnUnload(AppState& state, Services& services);
+
+}  // namespace rakeyard

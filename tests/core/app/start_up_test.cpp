@@ -180,3 +180,33 @@ TEST(StoreMainWindowPlace, KeepsPlacesWithinTheRecordsRange) {
 
 }  // namespace
 }  // namespace rakeyard
+
+namespace rakeyard {
+namespace {
+
+class ExitQuestions : public ::testing::Test {
+protected:
+    ExitQuestions() { state->paths.programFolder = msts.home(); }
+    test::MstsTree msts;
+    test::FakeServices fake;
+    std::unique_ptr<AppState> state = std::make_unique<AppState>();
+};
+
+TEST_F(ExitQuestions, UnnamedChangedConsistAsksOnExitButNotOnUnload) {
+    state->consist.consistChanged = true;
+    offerSaveOnUnload(*state, fake.services);
+    EXPECT_TRUE(fake.dialogs.shown.empty());
+
+    fake.dialogs.answers = {Answer::Yes};
+    // The save refuses the empty consist; with no file name the program keeps running.
+    EXPECT_FALSE(confirmExit(*state, fake.services));
+    ASSERT_FALSE(fake.dialogs.shown.empty());
+    EXPECT_EQ(fake.dialogs.shown.front().text, "Save changes to the consist?");
+
+    fake.dialogs.answers = {Answer::No};
+    EXPECT_TRUE(confirmExit(*state, fake.services));
+    EXPECT_FALSE(state->consist.consistChanged);
+}
+
+}  // namespace
+}  // namespace rakeyard
