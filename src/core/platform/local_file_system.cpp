@@ -296,14 +296,18 @@ std::optional<std::string> LocalFileSystem::writeTemporary(const std::string& te
 }
 
 WriteResult LocalFileSystem::writeFile(const std::string& path, std::string_view bytes) {
-    static std::atomic<unsigned> nextTemporary{0};
+    // Numbered from the clock so that two runs of the program seldom try the same names. The
+    // name is short, whatever the target's length, so it always fits in the folder.
+    static std::atomic<unsigned> nextTemporary{static_cast<unsigned>(
+        std::chrono::steady_clock::now().time_since_epoch().count() % 1000000)};
     const std::string target = resolve(path);
     const std::string folder = folderOf(target);
     std::error_code ec;
 
     std::string temporary;
     for (int attempt = 0; attempt < 100 && temporary.empty(); ++attempt) {
-        std::string candidate = target + ".~rk" + std::to_string(nextTemporary++) + ".tmp";
+        std::string candidate =
+            joinPath(folder, "~rakeyard" + std::to_string(nextTemporary++ % 1000000) + ".tmp");
         if (!fs::exists(toPath(candidate), ec)) temporary = std::move(candidate);
     }
     if (temporary.empty()) return WriteResult{false, errorText(EEXIST)};

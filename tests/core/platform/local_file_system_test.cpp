@@ -238,6 +238,14 @@ TEST_F(SafeWriter, TargetThatCannotBeReplacedIsToldAndLeavesNothingBehind) {
     EXPECT_EQ(missingFolder.message, "No such file or directory");
 }
 
+TEST_F(SafeWriter, WritesAFileWhoseNameIsAsLongAsTheFolderAllows) {
+    const std::string longName = temp / std::string(250, 'n');
+    writeText(longName, oldText);
+    ASSERT_TRUE(files.writeFile(longName, "new"));
+    EXPECT_EQ(test::readWholeFile(longName), "new");
+    EXPECT_EQ(namesIn(temp.path()).size(), 1u);
+}
+
 TEST_F(SafeWriter, ReplacedFileKeepsItsPermissions) {
     writeText(target, oldText);
     fs::permissions(target, fs::perms::owner_read | fs::perms::owner_write);
