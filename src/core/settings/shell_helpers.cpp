@@ -1,5 +1,7 @@
 #include "core/settings/shell_helpers.h"
 
+#include <utility>
+
 namespace rakeyard {
 
 namespace {
@@ -9,18 +11,15 @@ namespace {
 std::pair<char32_t, std::size_t> utf8CharacterAt(std::string_view text, std::size_t i) {
     const auto byte = [&](std::size_t k) { return static_cast<unsigned char>(text[k]); };
     const unsigned char lead = byte(i);
-    std::size_t length = 0;
-    char32_t c = 0;
-    char32_t least = 0;
-    if (lead >= 0xC2 && lead <= 0xDF) {
-        length = 2, c = lead & 0x1F, least = 0x80;
-    } else if (lead >= 0xE0 && lead <= 0xEF) {
-        length = 3, c = lead & 0x0F, least = 0x800;
-    } else if (lead >= 0xF0 && lead <= 0xF4) {
-        length = 4, c = lead & 0x07, least = 0x10000;
-    } else {
-        return {0, 0};
-    }
+    // Lead bytes C0, C1 and F5 to FF begin no well-formed sequence.
+    const std::size_t length = lead >= 0xC2 && lead <= 0xDF   ? 2
+                               : lead >= 0xE0 && lead <= 0xEF ? 3
+                               : lead >= 0xF0 && lead <= 0xF4 ? 4
+                                                              : 0;
+    if (length == 0) return {0, 0};
+    constexpr char32_t kLeast[] = {0, 0, 0x80, 0x800, 0x10000};
+    char32_t c = lead & (0x7F >> length);
+    const char32_t least = kLeast[length];
     if (i + length > text.size()) return {0, 0};
     for (std::size_t k = 1; k < length; ++k) {
         if ((byte(i + k) & 0xC0) != 0x80) return {0, 0};
