@@ -4,6 +4,7 @@
 #include "core/consist/consist_reader.h"
 #include "core/platform/paths.h"
 #include "core/platform/text_utf.h"
+#include "core/settings/settings_file.h"
 
 namespace rakeyard {
 
@@ -104,7 +105,13 @@ int lineStartingWith(const ConsistChooser& chooser, std::string_view typed) {
     return -1;
 }
 
-void openChosenConsist(AppState& app, Services& services) {
+void OKButton_Click(AppState& app, Services& services, const ConsistChooser& chooser, int index) {
+    if (validIndex(chooser, index)) {
+        const auto at = static_cast<std::size_t>(index);
+        setText(app.settings, &SettingsRecord::lastConsist, chooser.lines[at]);
+        (void)saveSettings(app.settings, app.paths, services);  // a failure is told there
+        app.consist.consistToLoad = pathOf(app, chooser.files[at]);
+    }
     clearAll(app, services);
     loadConsistFile(app, services);
 }

@@ -35,9 +35,10 @@ int lineOfLastConsist(const ConsistChooser& chooser, std::string_view lastConsis
 // The first line whose first character equals the typed one (UTF-8) regardless of case; -1.
 int lineStartingWith(const ConsistChooser& chooser, std::string_view typed);
 
-// OK or a double click: the chosen consist replaces the open one (which is offered for saving).
-// The caller stores the line in settings.bin's last-consist field first.
-void openChosenConsist(AppState& app, Services& services);
+// OK or a double click on line index: the line is stored as settings.bin's last consist, and the
+// chosen consist replaces the open one (which is offered for saving first). The caller closes
+// the window.
+void OKButton_Click(AppState& app, Services& services, const ConsistChooser& chooser, int index);
 
 // The Delete key: the file of line index goes to the recycle bin, without a question, and its
 // line leaves the lists.
