@@ -1,0 +1,159 @@
+#include "core/msts/catalogue_reader.h"
+
+#include <span>
+#include <thread>
+#include <vector>
+
+#include "core/msts/ordered_work.h"
+#include "core/msts/unit_file.h"
+#include "core/platform/paths.h"
+#include "core/platform/text_utf.h"
+
+namespace rakeyard {
+
+namespace {
+
+// What sets the two readers apart.
+struct UnitKind {
+    std::string_view extension;  // upper case
+    std::string_view loadingLabel;
+    std::string_view retrievingLabel;
+    std::string_view plural;
+    std::size_t loadLimit;  // the count above which the user is warned
+    std::string_view errorsQuestion;
+    UnitFileResult (*readFile)(std::optional<std::string_view>, const std::string&,
+                               const std::string&, bool);
+    bool skipsDefaultWagon;
+};
+
+const UnitKind kEngines{".ENG",
+                        "Loading engine files...",
+                        "Retrieving engine data...",
+                        "engines",
+                        6000,
+                        "WARNING: one or more errors have been found while reading engine files.",
+                        readEngineFile,
+                        false};
+
+const UnitKind kWagons{".WAG",
+                       "Loading wagon files...",
+                       "Retrieving wagon data...",
+                       "wagons",
+                       8000,
+                       "WARNING: one or more errors have been found while reading wagon files.",
+                       readWagonFile,
+                       true};
+
+struct UnitListing {
+    std::string file;
+    std::string folder;  // full path
+};
+
+bool hasExtension(std::string_view name, std::string_view upperExtension) {
+    return name.size() >= upperExtension.size() &&
+           upperAscii(name.substr(name.size() - upperExtension.size())) == upperExtension;
+}
+
+// The unit files of each direct subfolder of Trainset, folder by folder in listing order.
+std::vector<UnitListing> collectUnitFiles(const PathGlobals& paths, const UnitKind& kind,
+                                          Services& services) {
+    const std::string trainset = services.fs.resolve(paths.trainsetPath);
+    std::vector<std::string> folders;
+    for (const DirEntry& entry : services.fs.listFolder(trainset)) {
+        if (entry.isFolder) folders.push_back(joinPath(trainset, entry.name));
+    }
+    services.progress.start(kind.loadingLabel, static_cast<int>(folders.size()));
+    std::vector<UnitListing> listing;
+    for (const std::string& folder : folders) {
+        services.progress.step();
+        for (const DirEntry& entry : services.fs.listFolder(folder)) {
+            if (!entry.isFolder && !entry.name.empty() && hasExtension(entry.name, kind.extension))
+                listing.push_back({entry.name, folder});
+        }
+    }
+    return listing;
+}
+
+unsigned defaultWorkerCount() {
+    const unsigned cores = std::thread::hardware_concurrency();
+    return cores == 0 ? 1 : std::min(cores, 8u);
+}
+
+void offerToKeepStartErrors(const PathGlobals& paths, const UnitKind& kind, Services& services) {
+    const std::string question = std::string(kind.errorsQuestion) + "\r\n" +
+                                 "Do you wish to save these errors to a file?" + "\n" +
+                                 "The report will be saved with the name StartErrors.txt under " +
+                                 joinPath(paths.programFolder, "Reports");
+    if (services.dialogs.ask(question, Buttons::OkCancel, Icon::Exclamation) == Answer::Cancel)
+        (void)services.fs.removeFile(startErrorsFile(paths));
+}
+
+void readUnitFiles(const UnitKind& kind, const PathGlobals& paths, std::span<UnitRecord> records,
+                   Services& services, bool debugMode, unsigned workerThreads) {
+    for (UnitRecord& record : records)
+        record = UnitRecord{};
+    const std::vector<UnitListing> listing = collectUnitFiles(paths, kind, services);
+    if (listing.size() > kind.loadLimit) {
+        services.dialogs.report(
+            std::to_string(listing.size()) + " " + std::string(kind.plural) +
+                " have been found, but Rakeyard can only load " + std::to_string(kind.loadLimit) +
+                " " + std::string(kind.plural) + "!" + "\n" + "Not all of them have been loaded.",
+            Icon::Stop);
+    }
+    if (debugMode) services.progress.showDebug(true);
+    if (listing.empty()) return;
+
+    services.progress.start(kind.retrievingLabel, static_cast<int>(listing.size()));
+    const auto readOne = [&](std::size_t i) {
+        const UnitListing& entry = listing[i];
+        if (kind.skipsDefaultWagon && upperAscii(entry.file) == "DEFAULT.WAG")
+            return UnitFileResult{};
+        const std::optional<std::string> bytes =
+            services.fs.readFile(joinPath(entry.folder, entry.file));
+        return kind.readFile(bytes ? std::optional<std::string_view>(*bytes) : std::nullopt,
+                             entry.file, entry.folder, debugMode);
+    };
+    bool errorsFound = false;
+    std::size_t next = 0;
+    const auto store = [&](std::size_t i, UnitFileResult& result) {
+        services.progress.step();
+        if (debugMode) {
+            services.progress.debugText(1, listing[i].file);
+            services.progress.debugText(2, listing[i].folder);
+            for (const std::string& title : result.passTitles)
+                services.progress.debugText(3, title);
+        }
+        for (const std::string& finding : result.findings) {
+            logStartError(services.fs, paths, finding);
+            errorsFound = true;
+        }
+        if (next >= records.size()) return;
+        if (result.recordBegun) records[next] = std::move(result.record);
+        if (result.accepted) ++next;
+    };
+    forEachInOrder<UnitFileResult>(
+        listing.size(), workerThreads == 0 ? defaultWorkerCount() : workerThreads, readOne, store);
+    if (errorsFound) offerToKeepStartErrors(paths, kind, services);
+}
+
+}  // namespace
+
+std::string startErrorsFile(const PathGlobals& paths) {
+    return joinPath(joinPath(paths.programFolder, "Reports"), "StartErrors.txt");
+}
+
+void logStartError(FileSystem& fs, const PathGlobals& paths, std::string_view text) {
+    (void)fs.appendFile(startErrorsFile(paths), std::string(text) + "\r\n");
+}
+
+void readEngineFiles(const PathGlobals& paths, UnitCatalogue& catalogue, Services& services,
+                     bool debugMode, unsigned workerThreads) {
+    readUnitFiles(kEngines, paths, catalogue.engines, services, debugMode, workerThreads);
+}
+
+void readWagonFiles(const PathGlobals& paths, UnitCatalogue& catalogue, Services& services,
+                    bool debugMode, unsigned workerThreads) {
+    readUnitFiles(kWagons, paths, catalogue.wagons, services, debugMode, workerThreads);
+}
+
+}  // namespace rakeyard

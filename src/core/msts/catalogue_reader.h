@@ -1,0 +1,34 @@
+#pragma once
+#include <string>
+#include <string_view>
+
+#include "core/msts/unit_record.h"
+#include "core/platform/services.h"
+#include "core/settings/settings_record.h"
+
+namespace rakeyard {
+
+// <programFolder>/Reports/StartErrors.txt.
+[[nodiscard]] std::string startErrorsFile(const PathGlobals& paths);
+
+// Appends text and one more CR LF to StartErrors.txt, so that findings stand apart by a blank
+// line. A finding that cannot be written is lost without a word.
+void logStartError(FileSystem& fs, const PathGlobals& paths, std::string_view text);
+
+// Fills catalogue.engines from the ".eng" files one folder below the Trainset folder, in
+// listing order, from index 0 without gaps; the rest of the array is emptied. A file that
+// cannot be catalogued is skipped, and why goes to StartErrors.txt; when anything went there,
+// the user is asked whether to keep the report (Cancel deletes it). Past the array's end files
+// are still read and checked but not stored. Progress: "Loading engine files..." with a step
+// per folder, then "Retrieving engine data..." with a step per file; with debugMode the debug
+// window is shown and given each file, folder and pass. Files are read on up to workerThreads
+// threads (0: one per core); the result does not depend on it.
+void readEngineFiles(const PathGlobals& paths, UnitCatalogue& catalogue, Services& services,
+                     bool debugMode, unsigned workerThreads = 0);
+
+// The twin of readEngineFiles for catalogue.wagons and the ".wag" files; "DEFAULT.WAG" is
+// passed over.
+void readWagonFiles(const PathGlobals& paths, UnitCatalogue& catalogue, Services& services,
+                    bool debugMode, unsigned workerThreads = 0);
+
+}  // namespace rakeyard

@@ -1,0 +1,87 @@
+#pragma once
+#include <algorithm>
+#include <condition_variable>
+#include <cstddef>
+#include <exception>
+#include <mutex>
+#include <optional>
+#include <system_error>
+#include <thread>
+#include <vector>
+
+namespace rakeyard {
+
+// Runs work(i) for i = 0 .. count-1 on worker threads and apply(i, result) on the calling
+// thread strictly in order of i, so the outcome is that of a serial run. Workers run at most a
+// window of results ahead of apply. work must not throw; what apply throws ends the run (the
+// workers are stopped and joined) and goes on to the caller.
+template <typename Result, typename Work, typename Apply>
+void forEachInOrder(std::size_t count, unsigned workers, Work work, Apply apply) {
+    constexpr std::size_t kWindow = 64;
+    std::vector<std::optional<Result>> slots(kWindow);
+    std::mutex mutex;
+    std::condition_variable changed;
+    std::size_t nextJob = 0;
+    std::size_t applied = 0;
+    bool stopping = false;
+
+    const auto workerLoop = [&] {
+        for (;;) {
+            std::unique_lock lock(mutex);
+            changed.wait(
+                lock, [&] { return stopping || nextJob >= count || nextJob < applied + kWindow; });
+            if (stopping || nextJob >= count) return;
+            const std::size_t job = nextJob++;
+            lock.unlock();
+            Result result = work(job);
+            lock.lock();
+            slots[job % kWindow] = std::move(result);
+            changed.notify_all();
+        }
+    };
+
+    std::vector<std::thread> threads;
+    for (unsigned i = 0; i < std::min<std::size_t>(workers, count) && count > 1; ++i) {
+        try {
+            threads.emplace_back(workerLoop);
+        } catch (const std::system_error&) {
+            break;  // fewer threads than wanted; none at all runs serially below
+        }
+    }
+    const auto stopWorkers = [&] {
+        {
+            std::lock_guard lock(mutex);
+            stopping = true;
+        }
+        changed.notify_all();
+        for (std::thread& t : threads)
+            t.join();
+    };
+
+    if (threads.empty()) {
+        for (std::size_t i = 0; i < count; ++i) {
+            Result result = work(i);
+            apply(i, result);
+        }
+        return;
+    }
+    try {
+        for (std::size_t i = 0; i < count; ++i) {
+            std::unique_lock lock(mutex);
+            std::optional<Result>& slot = slots[i % kWindow];
+            changed.wait(lock, [&] { return slot.has_value(); });
+            Result result = std::move(*slot);
+            slot.reset();
+            ++applied;
+            lock.unlock();
+            changed.notify_all();
+            apply(i, result);
+        }
+    } catch (...) {
+        stopWorkers();
+        throw;
+    }
+    stopWorkers();
+}
+
+}  // namespace rakeyard
