@@ -6,7 +6,6 @@
 #include <chrono>
 #include <filesystem>
 #include <fstream>
-#include <thread>
 
 #include "core/platform/paths.h"
 #include "core/platform/text_utf.h"
@@ -162,22 +161,6 @@ TEST_F(Resolve, SeesWhatItCreatedItself) {
     ASSERT_TRUE(files.createFolder(temp / "trains/consists/New/Deeper"));
     EXPECT_TRUE(fs::is_directory(temp / "Trains/Consists/New/Deeper"));
     EXPECT_TRUE(files.isFolder(temp / "TRAINS/CONSISTS/NEW/deeper"));
-}
-
-TEST_F(Resolve, GivesTheSameAnswersFromTwoThreads) {
-    const std::string given = temp.path() + "\\TRAINS\\TRAINSET\\gp38\\GP38.ENG";
-    const std::string expected = native(temp.path() + "/Trains/Trainset/GP38/gp38.eng");
-    int wrong[2] = {0, 0};
-    auto work = [&](int which) {
-        for (int i = 0; i < 300; ++i) {
-            if (files.resolve(given) != expected) ++wrong[which];
-        }
-    };
-    std::thread first(work, 0);
-    std::thread second(work, 1);
-    first.join();
-    second.join();
-    EXPECT_EQ(wrong[0] + wrong[1], 0);
 }
 
 TEST(ResolveRealData, FindsAUnitFileWhoseNameDiffersInCaseFromItsFolder) {

@@ -98,14 +98,6 @@ TEST_F(PathWindows, CancelWithAnEmptyBoxOnTheFirstRunEndsWithSettingsLeftEmpty) 
     EXPECT_EQ(msts.read("home/settings.bin"), "");
 }
 
-TEST_F(PathWindows, MstsPathWindowOpensOnTheStoredPathElseAtARoot) {
-    const std::string root = mstsPathStartFolder(record);
-    ASSERT_FALSE(root.empty());
-    EXPECT_TRUE(isPathSeparator(root.back()));
-    setText(record, &SettingsRecord::mstsPath, "/games/msts");
-    EXPECT_EQ(mstsPathStartFolder(record), "/games/msts");
-}
-
 TEST_F(PathWindows, EditorOkNeedsAnExistingFile) {
     const std::string editor = makeFile("bin/wordpad.exe");
     const std::string invalid =
@@ -122,13 +114,6 @@ TEST_F(PathWindows, EditorOkNeedsAnExistingFile) {
               WindowOutcome::Close);
     EXPECT_EQ(paths.editorPath, nativeSeparators(editor));
     EXPECT_EQ(trimmedValue(stored().editorPath), nativeSeparators(editor));
-}
-
-TEST_F(PathWindows, DefaultEditorIsStoredAsTheSystemNamesIt) {
-    EXPECT_TRUE(chooseDefaultEditor(record, paths, fake.services));
-    // An empty answer (no editor installed) leaves the field set to blanks.
-    EXPECT_EQ(trimmedValue(stored().editorPath), defaultEditorPath());
-    EXPECT_EQ(paths.editorPath, defaultEditorPath());
 }
 
 TEST_F(PathWindows, ViewerOptionNoStoresNoAndYesAsksOnlyWhenUnset) {
@@ -227,13 +212,6 @@ TEST_F(PathWindows, FailedWriteIsToldAndTheWindowStillCloses) {
     EXPECT_NE(fake.dialogs.shown[0].text.find("No space left on device"), std::string::npos);
     EXPECT_FALSE(settingsWritten());
     EXPECT_EQ(paths.mstsPath, msts.msts());  // in use for this run all the same
-}
-
-TEST(RecycleFile, HandsThePathToTheRecycleBin) {
-    test::FakeDesktop desktop;
-    desktop.trashRemovesFiles = false;
-    recycleFile(desktop, "/msts/TRAINS/CONSISTS/old.con");
-    EXPECT_EQ(desktop.trashed, std::vector<std::string>{"/msts/TRAINS/CONSISTS/old.con"});
 }
 
 TEST(ToWideBytes, GivesLittleEndianUtf16) {
