@@ -1,5 +1,5 @@
 #include <cmath>
-#include <cstdlib>
+#include <charconv>
 #include <string>
 
 #include "core/msts/msts_text.h"
@@ -11,10 +11,14 @@ namespace {
 template <typename Char>
 double leadingNumber(std::basic_string_view<Char> s) {
     std::size_t i = 0;
-    while (i < s.size() && s[i] == Char(' ')) ++i;
+    while (i < s.size() && s[i] == Char(' '))
+        ++i;
     std::string digits;
-    if (i < s.size() && (s[i] == Char('+') || s[i] == Char('-'))) digits += static_cast<char>(s[i++]);
-    const auto isDigit = [&](std::size_t k) { return k < s.size() && s[k] >= Char('0') && s[k] <= Char('9'); };
+    if (i < s.size() && (s[i] == Char('+') || s[i] == Char('-')))
+        digits += static_cast<char>(s[i++]);
+    const auto isDigit = [&](std::size_t k) {
+        return k < s.size() && s[k] >= Char('0') && s[k] <= Char('9');
+    };
     bool any = false;
     while (isDigit(i)) {
         digits += static_cast<char>(s[i++]);
@@ -32,20 +36,30 @@ double leadingNumber(std::basic_string_view<Char> s) {
     if (i < s.size() && (s[i] == Char('e') || s[i] == Char('E'))) {
         std::size_t k = i + 1;
         std::string exponent = "e";
-        if (k < s.size() && (s[k] == Char('+') || s[k] == Char('-'))) exponent += static_cast<char>(s[k++]);
+        if (k < s.size() && (s[k] == Char('+') || s[k] == Char('-')))
+            exponent += static_cast<char>(s[k++]);
         if (isDigit(k)) {
-            while (isDigit(k)) exponent += static_cast<char>(s[k++]);
+            while (isDigit(k))
+                exponent += static_cast<char>(s[k++]);
             digits += exponent;
         }
     }
-    const double value = std::strtod(digits.c_str(), nullptr);
-    return std::isfinite(value) ? value : 0;
+    // from_chars ignores the locale: the decimal point is always ".".
+    const char* first = digits.data() + (digits.front() == '+' ? 1 : 0);
+    double value = 0;
+    const auto [end, error] = std::from_chars(first, digits.data() + digits.size(), value);
+    (void)end;
+    return error == std::errc() && std::isfinite(value) ? value : 0;
 }
 
 }  // namespace
 
-double numberValue(std::u16string_view s) { return leadingNumber(s); }
-double numberValue(std::string_view s) { return leadingNumber(s); }
+double numberValue(std::u16string_view s) {
+    return leadingNumber(s);
+}
+double numberValue(std::string_view s) {
+    return leadingNumber(s);
+}
 
 float round2(double x) {
     // The addend is 0.05, not 0.5: values truncate unless just below a hundredth.
