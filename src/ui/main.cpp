@@ -1,6 +1,105 @@
+// Main: the splash window, the main window, start-up, and a consist named on the command line.
 #include <QApplication>
+#include <QDir>
+#include <QFileInfo>
+#include <QLabel>
+#include <QPointer>
+#include <QStandardPaths>
+#include <QStringList>
+
+#include "core/app/start_up.h"
+#include "core/platform/local_file_system.h"
+#include "core/settings/settings_file.h"
+#include "ui/frmMain.h"
+#include "ui/frmSplash.h"
+#include "ui/qt_services.h"
+#include "ui/startup_windows.h"
+
+using namespace rakeyard;
+using namespace rakeyard::ui;
+
+namespace {
+
+struct ProgramArguments {
+    QString home;         // --home DIR, when given first
+    QString commandLine;  // the rest, as one text
+};
+
+ProgramArguments splitArguments(QStringList arguments) {
+    ProgramArguments result;
+    arguments.removeFirst();  // the program itself
+    if (arguments.size() >= 2 && arguments[0] == "--home") {
+        result.home = arguments[1];
+        arguments.remove(0, 2);
+    }
+    result.commandLine = arguments.join(' ');
+    return result;
+}
+
+// The program's folder: the one named by --home, else the executable's folder when it can be
+// written to, else a folder of the user's own.
+QString programFolder(const QString& home) {
+    QString folder = home;
+    if (folder.isEmpty()) {
+        const QString beside = QCoreApplication::applicationDirPath();
+        folder = QFileInfo(beside).isWritable()
+                     ? beside
+                     : QStandardPaths::writableLocation(QStandardPaths::AppDataLocation);
+    }
+    QDir().mkpath(folder);
+    return QDir(folder).absolutePath();
+}
+
+}  // namespace
 
 int main(int argc, char** argv) {
     QApplication app(argc, argv);
-    return 0;
+    QApplication::setApplicationName("Rakeyard");
+    QApplication::setApplicationVersion(RAKEYARD_VERSION);
+    const ProgramArguments arguments = splitArguments(QApplication::arguments());
+
+    LocalFileSystem fs;
+    QtDesktop desktop;
+    QtProgress progress;
+    frmMain* mainWindow = nullptr;
+    QtDialogs dialogs([&mainWindow]() -> QWidget* {
+        if (QWidget* active = QApplication::activeModalWidget()) return active;
+        return mainWindow && mainWindow->isVisible() ? mainWindow : nullptr;
+    });
+    Services services{fs, dialogs, progress, desktop};
+    auto state = std::make_unique<AppState>();
+    state->paths.programFolder = stdString(programFolder(arguments.home));
+
+    QApplication::setOverrideCursor(Qt::WaitCursor);
+    QPointer<frmSplash> splash = new frmSplash();
+    splash->setAttribute(Qt::WA_DeleteOnClose);
+    splash->Label2->setText("Initializing...");
+    splash->show();
+    QCoreApplication::processEvents();
+    progress.attach(splash->PBar1, splash->Label2);
+
+    frmMain window(*state, services);
+    mainWindow = &window;
+    state->settings = readSettings(fs, state->paths.programFolder);
+    window.placeFromSettings();
+    const CommandLine commandLine = parseCommandLine(stdString(arguments.commandLine));
+    state->debugMode = commandLine.debugMode;
+    if (state->debugMode) progress.showDebug(true);
+
+    const StartUpResult started = initProg(*state, services, window.startUpWindows());
+    progress.detach();
+    if (splash) splash->close();
+    progress.showDebug(false);
+    QApplication::restoreOverrideCursor();
+    if (started == StartUpResult::Ended) return 0;
+
+    window.showUnitLists();
+    window.refreshPics();
+    window.showStartErrorsButton();
+    window.show();
+    if (!commandLine.consistToOpen.empty()) {
+        QCoreApplication::processEvents();
+        window.loadConsistFromCommandLine(commandLine.consistToOpen);
+    }
+    return app.exec();
 }

@@ -1,0 +1,274 @@
+// The handlers of the main window's menus, toolbar and catalogue lists.
+#include <QAction>
+#include <QApplication>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QMenu>
+#include <QPushButton>
+#include <QStatusBar>
+#include <QToolBar>
+#include <QToolButton>
+
+#include "core/app/start_up.h"
+#include "core/consist/consist_model.h"
+#include "core/consist/consist_reader.h"
+#include "core/consist/consist_writer.h"
+#include "core/consist/editing.h"
+#include "core/platform/paths.h"
+#include "core/settings/settings_file.h"
+#include "ui/frm3DViewer.h"
+#include "ui/frmAbout.h"
+#include "ui/frmEditor.h"
+#include "ui/frmHelp.h"
+#include "ui/frmLoadCon.h"
+#include "ui/frmMain.h"
+#include "ui/frmPath.h"
+#include "ui/frmQtd.h"
+#include "ui/frmScrshots.h"
+#include "ui/frmWait.h"
+#include "ui/handler_guard.h"
+#include "ui/qt_services.h"
+#include "ui/startup_windows.h"
+
+namespace rakeyard::ui {
+
+namespace {
+
+QAction* toolbarButton(QWidget* owner, const char* key) {
+    return owner->findChild<QAction*>(QString("tbr_") + key);
+}
+
+std::string selectedLine(QListWidget* list) {
+    QListWidgetItem* item = list->currentItem();
+    if (!item || !item->isSelected()) return {};
+    return stdString(item->text());
+}
+
+}  // namespace
+
+void frmMain::connectMenus() {
+    auto both = [this](QAction* entry, const char* key, void (frmMain::*handler)()) {
+        connect(entry, &QAction::triggered, this, handler);
+        if (key) connect(toolbarButton(this, key), &QAction::triggered, this, handler);
+    };
+    both(mnuLoad, "open", &frmMain::mnuLoad_Click);
+    both(mnuSave, "save", &frmMain::mnuSave_Click);
+    both(mnuNew, "new", &frmMain::mnuNew_Click);
+    both(mnuExit, "exit", &frmMain::mnuExit_Click);
+    for (int i = 0; i < 4; ++i)
+        connect(mnuEmpty[i], &QAction::triggered, this, [this, i] { mnuEmpty_Click(i); });
+    both(mnuRenumber, "reorder", &frmMain::mnuRenumber_Click);
+    both(mnuAdd, "multiple", &frmMain::mnuAdd_Click);
+    both(mnuInsert, "paste", &frmMain::mnuInsert_Click);
+    both(mnuDelete, "delete", &frmMain::mnuDelete_Click);
+    both(mnuUnicode, nullptr, &frmMain::mnuUnicode_Click);
+    both(mnuSteam, nullptr, &frmMain::mnuSteam_Click);
+    both(mnuDiesel, nullptr, &frmMain::mnuDiesel_Click);
+    both(mnuElectric, nullptr, &frmMain::mnuElectric_Click);
+    both(mnuLocAI, nullptr, &frmMain::mnuLocAI_Click);
+    both(mnuLocAll, nullptr, &frmMain::mnuLocAll_Click);
+    both(mnuFreight, nullptr, &frmMain::mnuFreight_Click);
+    both(mnuCarriages, nullptr, &frmMain::mnuCarriages_Click);
+    both(mnuTenders, nullptr, &frmMain::mnuTenders_Click);
+    both(mnuWagAll, nullptr, &frmMain::mnuWagAll_Click);
+    connect(tbrFilter->menu(), &QMenu::triggered, this, &frmMain::tbrFilter_ButtonMenuClick);
+    both(mnuMSTSpath, nullptr, &frmMain::mnuMSTSpath_Click);
+    both(mnuEditor, nullptr, &frmMain::mnuEditor_Click);
+    both(mnu3Dviewer, nullptr, &frmMain::mnu3Dviewer_Click);
+    both(mnuScreenshots, nullptr, &frmMain::mnuScreenshots_Click);
+    both(mnuHelpFile, nullptr, &frmMain::mnuHelpFile_Click);
+    both(mnuAbout, nullptr, &frmMain::mnuAbout_Click);
+}
+
+// Entries whose windows or routines are not part of the program yet stay disabled; the guide
+// marks them as coming.
+void frmMain::enableBuiltEntries() {
+    for (QAction* notYet : {mnuEditUnit, mnuEditFile, mnuLoose, mnuMissing, mnuActivities,
+                            mnuPreview, mnu3D, mnuPicture, mnuConsUse, mnuActsUse, mnuAliasing,
+                            mnuMaxvel, mnuAllocated, mnuBigones, mnuShowPic})
+        notYet->setEnabled(false);
+    for (const char* key : {"test", "activity", "alias", "random", "3dview", "activitydependencies",
+                            "dependencies", "loose"})
+        toolbarButton(this, key)->setEnabled(false);
+}
+
+// ---- Consists ----
+
+void frmMain::mnuLoad_Click() {
+    runGuarded(services_.dialogs, [&] {
+        frmLoadCon chooser(state_, services_, this);
+        chooser.exec();
+    });
+    refreshPics();
+}
+
+void frmMain::mnuSave_Click() {
+    runGuarded(services_.dialogs, [&] { (void)saveConsist(state_, services_); });
+    refreshPics();
+}
+
+void frmMain::mnuNew_Click() {
+    runGuarded(services_.dialogs, [&] { clearAll(state_, services_); });
+    refreshPics();
+}
+
+void frmMain::mnuEmpty_Click(int index) {
+    runGuarded(services_.dialogs, [&] {
+        const std::string name = state_.consist.recent.names[index];
+        if (name.empty()) return;
+        clearAll(state_, services_);
+        state_.consist.consistToLoad = rakeyard::joinPath(state_.paths.consistsPath, name);
+        loadConsistFile(state_, services_);
+    });
+    refreshPics();
+}
+
+void frmMain::loadConsistFromCommandLine(const std::string& path) {
+    runGuarded(services_.dialogs, [&] {
+        state_.consist.consistToLoad = path;
+        loadConsistFile(state_, services_);
+    });
+    refreshPics();
+}
+
+// ---- Units ----
+
+void frmMain::mnuRenumber_Click() {
+    runGuarded(services_.dialogs, [&] { reorderUnits(state_.consist, services_.dialogs); });
+    refreshPics();
+}
+
+void frmMain::mnuAdd_Click() {
+    runGuarded(services_.dialogs, [&] {
+        auto askNumber = [this](const std::string& wagonName) {
+            frmQtd window(qs(wagonName), this);
+            window.exec();
+            return window.number();
+        };
+        insMultiple(state_, services_.dialogs, selectedLine(wagList), askNumber);
+    });
+    refreshPics();
+}
+
+void frmMain::mnuInsert_Click() {
+    runGuarded(services_.dialogs, [&] { pasteUnits(state_.consist, services_.dialogs); });
+    refreshPics();
+}
+
+void frmMain::mnuDelete_Click() {
+    runGuarded(services_.dialogs, [&] {
+        deleteUnits(state_.consist, services_.dialogs);
+        refreshPics();
+    });
+    refreshPics();
+}
+
+// ---- Catalogue lists ----
+
+void frmMain::showUnitInStatusBar(QListWidget* list, bool engines) {
+    const std::string line = selectedLine(list);
+    if (line.empty()) return;
+    std::span<const UnitRecord> catalogue =
+        engines ? std::span<const UnitRecord>(state_.catalogue.engines)
+                : std::span<const UnitRecord>(state_.catalogue.wagons);
+    const int index = findUnitByKey(catalogue, unitKeyOf(line));
+    if (index < 0) return;
+    const UnitRecord& unit = catalogue[static_cast<std::size_t>(index)];
+    StatusBar1->setText(
+        qs(unit.folderName + rakeyard::kPathSeparator + unit.fileName + " -- " + unit.displayName));
+}
+
+void frmMain::locList_Click() {
+    runGuarded(services_.dialogs, [&] { showUnitInStatusBar(locList, true); });
+}
+
+void frmMain::wagList_Click() {
+    runGuarded(services_.dialogs, [&] { showUnitInStatusBar(wagList, false); });
+}
+
+void frmMain::locList_DblClick() {
+    const std::string line = selectedLine(locList);
+    if (line.empty()) return;
+    runGuarded(services_.dialogs, [&] { rakeyard::locList_DblClick(state_, line); });
+    refreshPics();
+}
+
+void frmMain::wagList_DblClick() {
+    const std::string line = selectedLine(wagList);
+    if (line.empty()) return;
+    runGuarded(services_.dialogs, [&] { rakeyard::wagList_DblClick(state_, line); });
+    refreshPics();
+}
+
+// ---- Options ----
+
+void frmMain::mnuMSTSpath_Click() {
+    runGuarded(services_.dialogs, [&] {
+        const std::string oldPath = state_.paths.mstsPath;
+        frmPath window(state_, services_, this);
+        window.exec();
+        if (window.endProgram()) {
+            QApplication::quit();
+            return;
+        }
+        if (state_.paths.mstsPath == oldPath) return;
+        frmWait wait("Updating information...", this);
+        wait.show();
+        QApplication::setOverrideCursor(Qt::WaitCursor);
+        const StartUpResult result = changeMstsPath(state_, services_, *startUpWindows_, oldPath);
+        QApplication::restoreOverrideCursor();
+        if (result == StartUpResult::Ended) {
+            QApplication::quit();
+            return;
+        }
+        showUnitLists();
+        showStartErrorsButton();
+    });
+    refreshPics();
+}
+
+void frmMain::mnuEditor_Click() {
+    runGuarded(services_.dialogs, [&] {
+        frmEditor window(state_, services_, this);
+        window.exec();
+    });
+}
+
+void frmMain::mnu3Dviewer_Click() {
+    runGuarded(services_.dialogs, [&] {
+        frm3DViewer window(state_, services_, this);
+        if (window.exec() != QDialog::Accepted) return;
+        startUpWindows_->setViewerButton(true, "3D view");
+        if (window.screenshotsWanted()) {
+            frmScrshots screenshots(state_, services_, this);
+            screenshots.exec();
+        }
+    });
+}
+
+void frmMain::mnuScreenshots_Click() {
+    runGuarded(services_.dialogs, [&] {
+        frmScrshots window(state_, services_, this);
+        window.exec();
+    });
+}
+
+// ---- Help ----
+
+void frmMain::mnuHelpFile_Click() {
+    runGuarded(services_.dialogs, [&] {
+        if (!frmHelp::showGuide(state_.paths.programFolder, this))
+            services_.dialogs.report("The user guide (guide.html) is not beside the program.",
+                                     Icon::Exclamation);
+    });
+}
+
+void frmMain::mnuAbout_Click() {
+    runGuarded(services_.dialogs, [&] {
+        frmAbout window(state_, services_, this);
+        window.exec();
+    });
+}
+
+}  // namespace rakeyard::ui

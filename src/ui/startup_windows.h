@@ -1,0 +1,25 @@
+#pragma once
+#include "core/app/start_up.h"
+
+namespace rakeyard::ui {
+
+class frmMain;
+
+// The windows start-up shows, blocking, in front of the main window.
+class QtStartUpWindows : public StartUpWindows {
+public:
+    QtStartUpWindows(frmMain& main, AppState& state, Services& services)
+        : main_(main), state_(state), services_(services) {}
+    bool showPathWindow() override;
+    void showDefaultEditorWindow() override;
+    void showViewerOptionWindow() override;
+    void showScreenshotsWindow() override;
+    void setViewerButton(bool enabled, std::string_view toolTip) override;
+
+private:
+    frmMain& main_;
+    AppState& state_;
+    Services& services_;
+};
+
+}  // namespace rakeyard::ui
