@@ -1,0 +1,157 @@
+#include "core/msts/unit_list.h"
+
+#include <algorithm>
+
+#include "core/platform/paths.h"
+#include "core/platform/text_utf.h"
+
+namespace rakeyard {
+
+namespace {
+
+constexpr std::size_t kNameWidth = 30;
+constexpr std::size_t kNameColumn = 31;
+
+template <typename Shown>
+std::vector<std::string> listLines(std::span<const UnitRecord> records, bool isEngine,
+                                   Shown shown) {
+    std::vector<std::string> lines;
+    for (const UnitRecord& record : records) {
+        if (record.fileName.empty()) break;
+        if (!shown(record)) continue;
+        // A record left half-written by a refused file has no name: the list ends there.
+        if (record.displayName.empty()) break;
+        lines.push_back(unitListLine(record, isEngine));
+    }
+    std::vector<std::pair<std::string, std::string>> keyed;
+    keyed.reserve(lines.size());
+    for (std::string& line : lines)
+        keyed.emplace_back(upperAscii(line), std::move(line));
+    std::sort(keyed.begin(), keyed.end());
+    lines.clear();
+    for (auto& [upper, line] : keyed)
+        lines.push_back(std::move(line));
+    return lines;
+}
+
+std::string withoutTrailingSeparators(std::string path) {
+    while (path.size() > 1 && isPathSeparator(path.back()))
+        path.pop_back();
+    return path;
+}
+
+bool isPlainFolderName(std::string_view name) {
+    return !name.empty() && name != "." && name != ".." &&
+           std::none_of(name.begin(), name.end(), isPathSeparator);
+}
+
+}  // namespace
+
+std::string unitListLine(const UnitRecord& record, bool isEngine) {
+    std::string line = utf8Left(record.displayName, kNameWidth);
+    line.append(kNameColumn - utf8Length(line), ' ');
+    line += "[" + record.couplerFront + record.couplerRear + "] ";
+    line += isEngine ? record.maxPower : record.unitType;
+    line += std::string(8, ' ') + "^" + record.fileName;
+    return line;
+}
+
+bool engineShown(const UnitRecord& engine, std::string_view engineFilter) {
+    if (engineFilter == "AI" && !engine.hasCab) return true;
+    return wagonShown(engine, engineFilter);
+}
+
+bool wagonShown(const UnitRecord& wagon, std::string_view wagonFilter) {
+    const std::string filter = upperAscii(wagonFilter);
+    if (upperAscii(wagon.unitType) == filter && filter != "ALL") return true;
+    return wagonFilter == "All";
+}
+
+std::vector<std::string> readEngFilter(std::span<const UnitRecord> engines,
+                                       std::string_view engineFilter) {
+    return listLines(engines, true,
+                     [&](const UnitRecord& r) { return engineShown(r, engineFilter); });
+}
+
+std::vector<std::string> readWagFilter(std::span<const UnitRecord> wagons,
+                                       std::string_view wagonFilter) {
+    return listLines(wagons, false,
+                     [&](const UnitRecord& r) { return wagonShown(r, wagonFilter); });
+}
+
+bool listsBefore(std::string_view a, std::string_view b) {
+    const std::string upperA = upperAscii(a);
+    const std::string upperB = upperAscii(b);
+    return upperA != upperB ? upperA < upperB : a < b;
+}
+
+std::string keyOfLine(std::string_view line) {
+    const std::size_t caret = line.rfind('^');
+    return std::string(caret == std::string_view::npos ? line : line.substr(caret + 1));
+}
+
+std::optional<std::size_t> findUnitByKey(std::span<const UnitRecord> records, std::string_view key,
+                                         KeyCase keyCase) {
+    const std::string wanted = keyCase == KeyCase::Ignore ? upperAscii(key) : std::string(key);
+    for (std::size_t i = 0; i < records.size() && !records[i].fileName.empty(); ++i) {
+        const std::string& name = records[i].fileName;
+        if ((keyCase == KeyCase::Ignore ? upperAscii(name) : name) == wanted) return i;
+    }
+    return std::nullopt;
+}
+
+std::optional<std::size_t> findUnitOfLine(std::span<const UnitRecord> records,
+                                          std::string_view line) {
+    const std::string wanted = upperAscii(keyOfLine(line));
+    const std::string shownName = trimBlanks(line.substr(0, line.find('[')));
+    for (std::size_t i = 0; i < records.size() && !records[i].fileName.empty(); ++i) {
+        if (upperAscii(records[i].fileName) == wanted &&
+            records[i].displayName.find(shownName) != std::string::npos)
+            return i;
+    }
+    return std::nullopt;
+}
+
+std::string unitStatusText(const UnitRecord& record) {
+    return record.folderName + kPathSeparator + record.fileName + " -- " + record.displayName;
+}
+
+bool openUnitInEditor(const PathGlobals& paths, std::span<const UnitRecord> records,
+                      std::string_view line, Services& services) {
+    if (paths.editorPath.empty()) {
+        services.dialogs.report(
+            "Please select \"Options\" from the menu and choose a text editor program.",
+            Icon::Exclamation);
+        return false;
+    }
+    const std::optional<std::size_t> index = findUnitOfLine(records, line);
+    if (!index) return false;
+    const UnitRecord& unit = records[*index];
+    return services.desktop.startProgram(paths.editorPath,
+                                         {joinPath(unit.folderPath, unit.fileName)});
+}
+
+bool deleteUnitFolder(const PathGlobals& paths, const UnitRecord& record, Services& services) {
+    FileSystem& fs = services.fs;
+    const std::string trainset = paths.trainsetPath.empty()
+                                     ? std::string()
+                                     : withoutTrailingSeparators(fs.resolve(paths.trainsetPath));
+    const std::string target = isPlainFolderName(record.folderName) && !trainset.empty()
+                                   ? fs.resolve(joinPath(trainset, record.folderName))
+                                   : std::string();
+    if (target.empty() || parentPath(target) != trainset || !fs.isFolder(target)) {
+        services.dialogs.report("The folder \"" + record.folderName +
+                                    "\" is not a folder of the Trainset folder, so it is not "
+                                    "sent to the Recycle Bin.",
+                                Icon::Stop);
+        return false;
+    }
+    if (!services.desktop.moveToTrash(target)) {
+        services.dialogs.report("The folder " + target + " couldn't be sent to the Recycle Bin.",
+                                Icon::Stop);
+        return false;
+    }
+    return true;
+}
+
+}  // namespace rakeyard
