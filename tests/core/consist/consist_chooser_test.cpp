@@ -46,6 +46,11 @@ TEST_F(ReadConsistFiles, ClickShowsTheNameOrItsFault) {
     EXPECT_EQ(conList_Click(*app, fake.services, chooser, 0), std::nullopt);
     EXPECT_THAT(fake.dialogs.texts(),
                 ElementsAre("There is an error in the name of this consist!"));
+
+    OKButton_Click(*app, fake.services, chooser, 2);
+    EXPECT_EQ(state().headerBoxes[0], "Plain");
+    EXPECT_EQ(slot(0).fileName, "Box.wag");
+    EXPECT_EQ(trimmedValue(app->settings.lastConsist), chooser.lines[2]);
 }
 
 TEST_F(ReadConsistFiles, KeysFindLinesAndDeleteSendsTheFileToTheBin) {
@@ -62,15 +67,6 @@ TEST_F(ReadConsistFiles, KeysFindLinesAndDeleteSendsTheFileToTheBin) {
     EXPECT_FALSE(msts.exists("msts/TRAINS/CONSISTS/Beta.con"));
     EXPECT_THAT(chooser.files, ElementsAre("alpha.con", "bravo.con"));
     EXPECT_EQ(chooser.lines.size(), 2u);
-}
-
-TEST_F(ReadConsistFiles, OkLoadsTheChosenConsistAndRemembersItsLine) {
-    writeConsist("One.con", 1);
-    readConsistFiles(*app, fake.services, chooser);
-    OKButton_Click(*app, fake.services, chooser, 0);
-    EXPECT_EQ(state().headerBoxes[0], "One");
-    EXPECT_EQ(slot(0).fileName, "Box.wag");
-    EXPECT_EQ(trimmedValue(app->settings.lastConsist), chooser.lines[0]);
 }
 
 }  // namespace

@@ -70,12 +70,6 @@ TEST_F(ConsistModel, InsertSumsPlainlyWhilePasteAndDeleteRoundEachStep) {
     EXPECT_EQ(state().totals.wagons, "3");
 }
 
-TEST_F(ConsistModel, EnginesDoNotCountAsWagons) {
-    add({"eng:GP38.eng", "wag:Coach.wag"});
-    EXPECT_EQ(state().totals.wagons, "1");
-    EXPECT_EQ(state().totals.mass, "158.5");
-}
-
 TEST_F(ConsistModel, CouplingCheckWarnsOnlyWhereNeighboursDiffer) {
     const struct {
         int j;

@@ -35,25 +35,6 @@ TEST_F(SlotView, PageShowsUnitsGapsAndArrows) {
     EXPECT_FALSE(state().rightArrowVisible) << "a gap right behind the page hides the arrow";
 }
 
-TEST_F(SlotView, LeavingAPageDeselectsItButKeepsTheBufferAndMarks) {
-    add({"eng:GP38.eng", "wag:Box.wag", "wag:Box.wag", "wag:Box.wag", "wag:Box.wag", "wag:Box.wag",
-         "wag:Coach.wag"});
-    cmdHome_Click(state());
-    Picture1_MouseDown(state(), 0, kLeftButton, 0);
-    Picture1_Click(state(), 0);
-    Picture1_MouseDown(state(), 1, kLeftButton, kShiftKey);
-    Picture1_Click(state(), 1);
-    cmdMove_Click(state(), 1);
-    EXPECT_EQ(slot(0).imageKey, "DSL");
-    EXPECT_EQ(slot(1).imageKey, "DEL");
-    Picture1_MouseDown(state(), 0, kLeftButton, kCtrlKey);
-    Picture1_Click(state(), 0);
-    ASSERT_EQ(state().selectionBuffer.size(), 3u);
-    EXPECT_EQ(state().selectionBuffer[0].fileName, "GP38.eng");
-    EXPECT_EQ(state().selectionBuffer[1].fileName, "Coach.wag");
-    EXPECT_EQ(state().selectionBuffer[1].position, 9) << "one above every position in use";
-}
-
 TEST_F(SlotView, NameLabelFindsTheUnitInItsCatalogue) {
     add({"eng:Flyer.eng", "wag:Coach.wag"});
     slot(2).displayName = "Lost";
