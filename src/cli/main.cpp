@@ -1,6 +1,118 @@
+// rakeyard-cli: the headless face of Rakeyard. Parses the command line, runs start-up's data
+// steps and one command on the same core as the window program, prints, and exits 0 (done,
+// nothing found), 1 (faults found, or refused) or 2 (bad usage, no usable MSTS folder).
 #include <cstdio>
+#include <exception>
+#include <span>
+#include <string>
+#include <vector>
 
-int main() {
-    std::fputs("rakeyard-cli: no command is available yet\n", stderr);
-    return 2;
+#include "cli/commands.h"
+
+namespace rakeyard::cli {
+namespace {
+
+// The commands built so far. A command that is not here is not available.
+constexpr Command kCommands[] = {
+    {"catalogue engines", "catalogue engines [--filter WORD] [--json]",
+     "the engine list's lines under the filter (default: the stored one)", runCatalogueEngines},
+    {"catalogue wagons", "catalogue wagons [--filter WORD] [--json]",
+     "the wagon list's lines under the filter (default: the stored one)", runCatalogueWagons},
+    {"consist show", "consist show FILE [--json]",
+     "load a consist and show its header, totals and units", runConsistShow},
+    {"consist copy", "consist copy FILE NAME", "load a consist and save it as NAME",
+     runConsistCopy},
+    {"consist new", "consist new NAME UNIT...",
+     "build a consist from units (eng:NAME, wag:NAME or NAME) and save it as NAME", runConsistNew},
+    {"unicode check", "unicode check", "list the unit files that are not in Unicode",
+     runUnicodeCheck},
+    {"unicode convert", "unicode convert", "convert the files that unicode check lists",
+     runUnicodeConvert},
+};
+
+constexpr std::string_view kGlobalOptions =
+    "Options, before or after the command's words:\n"
+    "  --home DIR       the program's folder (settings.bin, Reports)\n"
+    "  --msts DIR       set the MSTS folder, as the MSTS path window's OK does\n"
+    "  --editor PATH    set the text editor, as the editor path window's OK does\n"
+    "  --viewer PATH|NO set the 3D viewer, or NO for none\n"
+    "  --yes, --no      answer every question Yes/OK or No/Cancel (default: the answer\n"
+    "                   that changes and deletes nothing)\n"
+    "  --json           machine-readable output on stdout\n"
+    "  --help, --version\n"
+    "Exit status: 0 done, 1 faults found or refused, 2 bad usage or no usable MSTS folder.\n";
+
+void printHelp() {
+    std::string help = "Usage: rakeyard-cli [OPTIONS] COMMAND [ARGS]\n\nCommands:\n";
+    for (const Command& command : kCommands) {
+        std::string usage(command.usage);
+        usage.resize(std::max<std::size_t>(usage.size() + 2, 44), ' ');
+        help += "  " + usage + std::string(command.summary) + "\n";
+    }
+    help += "\n" + std::string(kGlobalOptions);
+    std::fputs(help.c_str(), stdout);
+}
+
+// The command whose words begin the given words; the number of words it took goes to taken.
+const Command* findCommand(const std::vector<std::string>& words, std::size_t& taken) {
+    for (const Command& command : kCommands) {
+        std::size_t count = 0;
+        std::string joined;
+        for (const std::string& word : words) {
+            joined += (count++ ? " " : "") + word;
+            if (joined == command.words) {
+                taken = count;
+                return &command;
+            }
+            if (joined.size() >= command.words.size()) break;
+        }
+    }
+    return nullptr;
+}
+
+int run(const std::vector<std::string>& arguments) {
+    ParsedCommandLine parsed = parseCommandLine(arguments);
+    if (!parsed.error.empty()) {
+        std::fprintf(stderr, "error: %s\n", parsed.error.c_str());
+        return kExitUsage;
+    }
+    if (parsed.options.version) {
+        std::puts("rakeyard-cli " RAKEYARD_VERSION);
+        return kExitDone;
+    }
+    if (parsed.options.help || parsed.words.empty()) {
+        printHelp();
+        return parsed.options.help ? kExitDone : kExitUsage;
+    }
+    std::size_t taken = 0;
+    const Command* command = findCommand(parsed.words, taken);
+    if (!command) {
+        std::string asked;
+        for (std::size_t i = 0; i < parsed.words.size() && i < 2; ++i)
+            asked += (i ? " " : "") + parsed.words[i];
+        std::fprintf(stderr, "error: %s: not available\n", asked.c_str());
+        return kExitUsage;
+    }
+    CliContext context(std::move(parsed.options));
+    CommandArguments commandArguments(
+        std::vector<std::string>(parsed.words.begin() + taken, parsed.words.end()));
+    return command->run(context, commandArguments);
+}
+
+}  // namespace
+
+int usageError(CliContext& context, std::string_view text) {
+    context.dialogs.report(text, Icon::Stop);
+    return kExitUsage;
+}
+
+}  // namespace rakeyard::cli
+
+int main(int argc, char** argv) {
+    try {
+        return rakeyard::cli::run(std::vector<std::string>(argv + 1, argv + argc));
+    } catch (const std::exception& failure) {
+        std::fprintf(stderr, "error: %s\n", failure.what());
+        return rakeyard::cli::kExitUsage;
+    }
 }

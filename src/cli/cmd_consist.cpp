@@ -1,0 +1,161 @@
+// consist show | copy | new: the consist editor without its window.
+#include <cstdio>
+#include <string>
+#include <vector>
+
+#include "cli/cli_json.h"
+#include "cli/commands.h"
+#include "cli/unit_names.h"
+#include "core/consist/consist_model.h"
+#include "core/consist/consist_reader.h"
+#include "core/consist/consist_writer.h"
+#include "core/consist/editing.h"
+
+namespace rakeyard::cli {
+namespace {
+
+// Loads the consist an argument names into the editor's state. False, with the loader's
+// message told, when the file is missing or the load failed.
+bool loadNamedConsist(CliContext& context, const std::string& argument) {
+    AppState& state = *context.state;
+    const std::string path = consistPathOf(context.fs, state.paths, argument);
+    if (!context.fs.isFile(path)) {
+        context.dialogs.report("There is no consist file " + path, Icon::Stop);
+        return false;
+    }
+    clearAll(state, context.services);
+    state.consist.consistToLoad = path;
+    // The loader tells each failure with a stop icon, and returns nothing.
+    const int errorsBefore = context.dialogs.errorsReported();
+    loadConsistFile(state, context.services);
+    return context.dialogs.errorsReported() == errorsBefore;
+}
+
+// The slots that hold a unit, 0..299.
+std::vector<int> usedSlots(const ConsistState& consist) {
+    std::vector<int> used;
+    for (int i = 0; i < kUsedSlots; ++i) {
+        if (!consist.slots[i].displayName.empty()) used.push_back(i);
+    }
+    return used;
+}
+
+Json consistJson(const ConsistState& consist) {
+    const ConsistTotals& totals = consist.totals;
+    Json slots = Json::array();
+    for (int i : usedSlots(consist)) {
+        Json slot{{"index", i}};
+        slot.update(slotJson(consist.slots[i]));
+        slots.push_back(std::move(slot));
+    }
+    return Json{{"fileName", consist.headerBoxes[0]},
+                {"name", consist.headerBoxes[1]},
+                {"maxVelocity", consist.headerBoxes[2]},
+                {"durability", consist.headerBoxes[3]},
+                {"serial", consist.headerBoxes[4]},
+                {"length", totals.length},
+                {"feet", totals.feet},
+                {"mass", totals.mass},
+                {"impTons", totals.impTons},
+                {"wagons", totals.wagons},
+                {"slots", std::move(slots)}};
+}
+
+std::string padded(std::string text, std::size_t width) {
+    if (text.size() < width) text.resize(width, ' ');
+    return text;
+}
+
+void printConsist(const ConsistState& consist) {
+    const ConsistTotals& totals = consist.totals;
+    std::string text;
+    text += "File name:    " + consist.headerBoxes[0] + "\n";
+    text += "Name:         " + consist.headerBoxes[1] + "\n";
+    text += "Max velocity: " + consist.headerBoxes[2] + "\n";
+    text += "Durability:   " + consist.headerBoxes[3] + "\n";
+    text += "Serial:       " + consist.headerBoxes[4] + "\n";
+    text += "Length:       " + totals.length + " m, " + totals.feet + " ft\n";
+    text += "Mass:         " + totals.mass + " t, " + totals.impTons + " imperial tons\n";
+    text += "Wagons:       " + totals.wagons + "\n";
+    text += "Slot  UiD    Flip  Type      Couplers  Unit\n";
+    for (int i : usedSlots(consist)) {
+        const ConsistSlot& slot = consist.slots[i];
+        const std::string unit =
+            slot.fileName.empty() ? slot.displayName + " (not installed)"
+                                  : slot.folderName + "/" + slot.fileName + "  " + slot.displayName;
+        text += padded(std::to_string(i), 6) +
+                padded(std::to_string(static_cast<long long>(slot.uid)), 7) +
+                padded(slot.flipped ? "yes" : "", 6) + padded(slot.unitType, 10) +
+                padded("[" + slot.couplerFront + slot.couplerRear + "]", 10) + unit + "\n";
+    }
+    std::fputs(text.c_str(), stdout);
+}
+
+// Prints the warnings the main window would blink in Label2.
+void printPendingWarning(CliContext& context) {
+    std::string& warning = context.state->consist.pendingWarning;
+    if (warning.empty()) return;
+    context.dialogs.report(warning, Icon::Exclamation);
+    warning.clear();
+}
+
+// Saves the consist under name; kExitFound when the save refused.
+int saveAs(CliContext& context, const std::string& name) {
+    context.state->consist.headerBoxes[0] = consistFileBoxText(name);
+    return saveConsist(*context.state, context.services) ? kExitDone : kExitFound;
+}
+
+}  // namespace
+
+int runConsistShow(CliContext& context, CommandArguments& arguments) {
+    const std::vector<std::string> operands = arguments.operands();
+    if (!arguments.error().empty()) return usageError(context, arguments.error());
+    if (operands.size() != 1) return usageError(context, "consist show takes one FILE");
+    if (int status = context.startUp(); status != kExitDone) return status;
+    if (!loadNamedConsist(context, operands[0])) return kExitFound;
+    if (context.options.json) {
+        printJson(consistJson(context.state->consist));
+    } else {
+        printConsist(context.state->consist);
+    }
+    return kExitDone;
+}
+
+int runConsistCopy(CliContext& context, CommandArguments& arguments) {
+    const std::vector<std::string> operands = arguments.operands();
+    if (!arguments.error().empty()) return usageError(context, arguments.error());
+    if (operands.size() != 2) return usageError(context, "consist copy takes FILE and NAME");
+    if (int status = context.startUp(); status != kExitDone) return status;
+    if (!loadNamedConsist(context, operands[0])) return kExitFound;
+    return saveAs(context, operands[1]);
+}
+
+int runConsistNew(CliContext& context, CommandArguments& arguments) {
+    const std::vector<std::string> operands = arguments.operands();
+    if (!arguments.error().empty()) return usageError(context, arguments.error());
+    if (operands.size() < 2) return usageError(context, "consist new takes NAME and UNIT...");
+    if (int status = context.startUp(); status != kExitDone) return status;
+
+    AppState& state = *context.state;
+    std::vector<NamedUnit> units;
+    for (auto name = operands.begin() + 1; name != operands.end(); ++name) {
+        const std::optional<NamedUnit> unit = findNamedUnit(state.catalogue, *name);
+        if (!unit) {
+            context.dialogs.report("Unknown unit: " + *name, Icon::Stop);
+            return kExitFound;
+        }
+        units.push_back(*unit);
+    }
+    clearAll(state, context.services);
+    for (const NamedUnit& unit : units) {
+        if (unit.isEngine) {
+            locList_DblClick(state, "^" + state.catalogue.engines[unit.index].fileName);
+        } else {
+            wagList_DblClick(state, "^" + state.catalogue.wagons[unit.index].fileName);
+        }
+        printPendingWarning(context);
+    }
+    return saveAs(context, operands[0]);
+}
+
+}  // namespace rakeyard::cli

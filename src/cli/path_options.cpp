@@ -1,0 +1,45 @@
+#include "cli/path_options.h"
+
+#include <filesystem>
+
+#include "cli/cli_context.h"
+#include "core/settings/path_windows.h"
+#include "core/settings/settings_file.h"
+
+namespace rakeyard::cli {
+namespace {
+
+// The windows give whole paths: one given relative to the working folder is made whole, without
+// a separator at its end.
+std::string wholePath(const std::string& given) {
+    std::error_code error;
+    std::string path = std::filesystem::absolute(given, error).lexically_normal().string();
+    while (path.size() > 1 && path.back() == '/')
+        path.pop_back();
+    return error ? given : path;
+}
+
+}  // namespace
+
+bool applyPathOptions(CliContext& context) {
+    const GlobalOptions& options = context.options;
+    if (!options.msts && !options.editor && !options.viewer) return true;
+    AppState& state = *context.state;
+    SettingsRecord record = readSettings(context.fs, state.paths.programFolder);
+    if (options.msts && acceptMstsPath(wholePath(*options.msts), record, state.paths,
+                                       context.services) == WindowOutcome::Stay)
+        return false;
+    if (options.editor && acceptEditorPath(wholePath(*options.editor), record, state.paths,
+                                           context.services) == WindowOutcome::Stay)
+        return false;
+    if (options.viewer) {
+        if (*options.viewer == "NO" || *options.viewer == "no")
+            return declineViewer(record, state.paths, context.services);
+        if (acceptViewerPath(wholePath(*options.viewer), record, state.paths, context.services) ==
+            ViewerOutcome::Stay)
+            return false;
+    }
+    return true;
+}
+
+}  // namespace rakeyard::cli
