@@ -4,6 +4,7 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QFileInfo>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
@@ -73,6 +74,8 @@ void frmMain::connectHandlers() {
     connect(locList, &QListWidget::itemActivated, this, &frmMain::locList_DblClick);
     connect(wagList, &QListWidget::itemActivated, this, &frmMain::wagList_DblClick);
     locList->viewport()->installEventFilter(this);
+    locList->installEventFilter(this);
+    wagList->installEventFilter(this);
     wagList->viewport()->installEventFilter(this);
     connect(Command1, &QPushButton::clicked, this, &frmMain::Command1_Click);
     connect(Command2, &QPushButton::clicked, this, &frmMain::Command2_Click);
@@ -105,8 +108,15 @@ void frmMain::connectHandlers() {
 bool frmMain::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::MouseButtonPress) {
         auto* mouse = static_cast<QMouseEvent*>(event);
-        if (watched == locList->viewport()) locList_MouseDown(mouse->button(), mouse->modifiers());
-        if (watched == wagList->viewport()) wagList_MouseDown(mouse->button(), mouse->modifiers());
+        const QPoint at = mouse->position().toPoint();
+        if (watched == locList->viewport())
+            locList_MouseDown(mouse->button(), mouse->modifiers(), locList->itemAt(at));
+        if (watched == wagList->viewport())
+            wagList_MouseDown(mouse->button(), mouse->modifiers(), wagList->itemAt(at));
+    }
+    if (event->type() == QEvent::KeyPress) {
+        if (watched == locList) locList_KeyDown(static_cast<QKeyEvent*>(event));
+        if (watched == wagList) wagList_KeyDown(static_cast<QKeyEvent*>(event));
     }
     if (event->type() == QEvent::FocusIn) {
         for (QLineEdit* box : Text1)

@@ -6,6 +6,7 @@
 #include "core/platform/services.h"
 
 class QAction;
+class QKeyEvent;
 class QLabel;
 class QLineEdit;
 class QListWidget;
@@ -143,8 +144,12 @@ private:
     void wagList_Click();
     void locList_DblClick();
     void wagList_DblClick();
-    void locList_MouseDown(Qt::MouseButton button, Qt::KeyboardModifiers shift);
-    void wagList_MouseDown(Qt::MouseButton button, Qt::KeyboardModifiers shift);
+    void locList_MouseDown(Qt::MouseButton button, Qt::KeyboardModifiers shift,
+                           QListWidgetItem* item);
+    void wagList_MouseDown(Qt::MouseButton button, Qt::KeyboardModifiers shift,
+                           QListWidgetItem* item);
+    void locList_KeyDown(QKeyEvent* key);
+    void wagList_KeyDown(QKeyEvent* key);
     void Command1_Click();
     void Command2_Click();
 
@@ -173,6 +178,8 @@ private:
     void showRecentEntries();
     void showHeaderBoxes();
     void fillList(QListWidget* list, const std::vector<std::string>& lines);
+    void deleteUnitOfList(QListWidget* list, QKeyEvent* key, bool engines);
+    void refreshCatalogue(bool engines);
     void showUnitInStatusBar(QListWidget* list, bool engines);
     void storeWindowPlace();
 

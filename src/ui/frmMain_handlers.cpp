@@ -166,38 +166,21 @@ void frmMain::mnuDelete_Click() {
 
 // ---- Catalogue lists ----
 
-void frmMain::showUnitInStatusBar(QListWidget* list, bool engines) {
-    const std::string line = selectedLine(list);
-    if (line.empty()) return;
-    std::span<const UnitRecord> catalogue =
-        engines ? std::span<const UnitRecord>(state_.catalogue.engines)
-                : std::span<const UnitRecord>(state_.catalogue.wagons);
-    const int index = findUnitByKey(catalogue, unitKeyOf(line));
-    if (index < 0) return;
-    const UnitRecord& unit = catalogue[static_cast<std::size_t>(index)];
-    StatusBar1->setText(
-        qs(unit.folderName + rakeyard::kPathSeparator + unit.fileName + " -- " + unit.displayName));
-}
-
-void frmMain::locList_Click() {
-    runGuarded(services_.dialogs, [&] { showUnitInStatusBar(locList, true); });
-}
-
-void frmMain::wagList_Click() {
-    runGuarded(services_.dialogs, [&] { showUnitInStatusBar(wagList, false); });
-}
-
+// A double click (or Enter) on a list line adds the unit to the consist. The list's own
+// functions are in frmMain_lists.cpp; this one lives beside the other editing operations.
 void frmMain::locList_DblClick() {
-    const std::string line = selectedLine(locList);
-    if (line.empty()) return;
-    runGuarded(services_.dialogs, [&] { rakeyard::locList_DblClick(state_, line); });
+    QListWidgetItem* item = locList->currentItem();
+    if (!item) return;
+    runGuarded(services_.dialogs,
+               [&] { rakeyard::locList_DblClick(state_, stdString(item->text())); });
     refreshPics();
 }
 
 void frmMain::wagList_DblClick() {
-    const std::string line = selectedLine(wagList);
-    if (line.empty()) return;
-    runGuarded(services_.dialogs, [&] { rakeyard::wagList_DblClick(state_, line); });
+    QListWidgetItem* item = wagList->currentItem();
+    if (!item) return;
+    runGuarded(services_.dialogs,
+               [&] { rakeyard::wagList_DblClick(state_, stdString(item->text())); });
     refreshPics();
 }
 

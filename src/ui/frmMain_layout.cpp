@@ -44,6 +44,8 @@ QListWidget* unitList(const QString& name, QWidget* parent) {
     list->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
     list->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     list->setUniformItemSizes(true);
+    // The unit's key stands beyond the visible width: it is cut off, not elided.
+    list->setTextElideMode(Qt::ElideNone);
     list->setMinimumHeight(60);
     return list;
 }

@@ -1,14 +1,40 @@
 // The catalogue lists of the main window: filling them under the filters, and their events.
+#include <QAction>
+#include <QApplication>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
 #include <QListWidget>
 #include <QMenu>
+#include <QTimer>
 
+#include "core/consist/consist_model.h"
+#include "core/consist/consist_writer.h"
+#include "core/msts/catalogue_reader.h"
+#include "core/msts/unit_list.h"
+#include "core/settings/settings_file.h"
 #include "ui/frmMain.h"
+#include "ui/frmUnicode.h"
 #include "ui/handler_guard.h"
 #include "ui/qt_services.h"
+#include "ui/wait_scope.h"
 
 namespace rakeyard::ui {
 
+namespace {
+
+std::span<const UnitRecord> enginesOf(const AppState& state) {
+    return state.catalogue.engines;
+}
+
+std::span<const UnitRecord> wagonsOf(const AppState& state) {
+    return state.catalogue.wagons;
+}
+
+}  // namespace
+
 void frmMain::fillList(QListWidget* list, const std::vector<std::string>& lines) {
+    const QSignalBlocker quiet(list);
     list->setUpdatesEnabled(false);
     list->clear();
     for (const std::string& line : lines)
@@ -16,9 +42,43 @@ void frmMain::fillList(QListWidget* list, const std::vector<std::string>& lines)
     list->setUpdatesEnabled(true);
 }
 
-void frmMain::showUnitLists() {}
-void frmMain::setEngineFilter(const char*) {}
-void frmMain::setWagonFilter(const char*) {}
+void frmMain::showUnitLists() {
+    const std::string& engineFilter = state_.paths.engineFilter;
+    const std::string& wagonFilter = state_.paths.wagonFilter;
+    mnuSteam->setChecked(engineFilter == "Steam");
+    mnuDiesel->setChecked(engineFilter == "Diesel");
+    mnuElectric->setChecked(engineFilter == "Electric");
+    mnuLocAI->setChecked(engineFilter == "AI");
+    mnuLocAll->setChecked(engineFilter == "All");
+    mnuFreight->setChecked(wagonFilter == "Freight");
+    mnuCarriages->setChecked(wagonFilter == "Carriage");
+    mnuTenders->setChecked(wagonFilter == "Tender");
+    mnuWagAll->setChecked(wagonFilter == "All");
+    fillList(locList, readEngFilter(enginesOf(state_), engineFilter));
+    fillList(wagList, readWagFilter(wagonsOf(state_), wagonFilter));
+    Label3->setText(QString::number(locList->count()));
+    Label4->setText(QString::number(wagList->count()));
+}
+
+// A filter word is checked in its menu, shown and stored in settings.bin.
+void frmMain::setEngineFilter(const char* word) {
+    runGuarded(services_.dialogs, [&] {
+        state_.paths.engineFilter = word;
+        showUnitLists();
+        setText(state_.settings, &SettingsRecord::showLocoType, word);
+        (void)saveSettings(state_.settings, state_.paths, services_);
+    });
+}
+
+void frmMain::setWagonFilter(const char* word) {
+    runGuarded(services_.dialogs, [&] {
+        state_.paths.wagonFilter = word;
+        showUnitLists();
+        setText(state_.settings, &SettingsRecord::showWagonType, word);
+        (void)saveSettings(state_.settings, state_.paths, services_);
+    });
+}
+
 void frmMain::mnuSteam_Click() {
     setEngineFilter("Steam");
 }
@@ -46,11 +106,133 @@ void frmMain::mnuTenders_Click() {
 void frmMain::mnuWagAll_Click() {
     setWagonFilter("All");
 }
-void frmMain::tbrFilter_ButtonMenuClick(QAction*) {}
-void frmMain::locList_MouseDown(Qt::MouseButton, Qt::KeyboardModifiers) {}
-void frmMain::wagList_MouseDown(Qt::MouseButton, Qt::KeyboardModifiers) {}
-void frmMain::Command1_Click() {}
-void frmMain::Command2_Click() {}
-void frmMain::mnuUnicode_Click() {}
+
+// The drop-down's items run the menu entry of the same meaning.
+void frmMain::tbrFilter_ButtonMenuClick(QAction* item) {
+    const QString key = item->data().toString();
+    const std::pair<const char*, QAction*> entries[] = {
+        {"steam", mnuSteam},         {"diesel", mnuDiesel},     {"electric", mnuElectric},
+        {"AIengines", mnuLocAI},     {"allengines", mnuLocAll}, {"freight", mnuFreight},
+        {"carriages", mnuCarriages}, {"tenders", mnuTenders},   {"allwagons", mnuWagAll}};
+    for (const auto& [itemKey, entry] : entries)
+        if (key == itemKey) entry->trigger();
+}
+
+void frmMain::showUnitInStatusBar(QListWidget* list, bool engines) {
+    QListWidgetItem* item = list->currentItem();
+    if (!item) return;
+    const auto records = engines ? enginesOf(state_) : wagonsOf(state_);
+    const auto index = findUnitByKey(records, keyOfLine(stdString(item->text())));
+    if (index) StatusBar1->setText(qs(unitStatusText(records[*index])));
+}
+
+void frmMain::locList_Click() {
+    runGuarded(services_.dialogs, [&] { showUnitInStatusBar(locList, true); });
+}
+
+void frmMain::wagList_Click() {
+    runGuarded(services_.dialogs, [&] { showUnitInStatusBar(wagList, false); });
+}
+
+// Ctrl with the left button opens the unit's file in the text editor. The right button is
+// for the description window, which the program does not have yet.
+void frmMain::locList_MouseDown(Qt::MouseButton button, Qt::KeyboardModifiers shift,
+                                QListWidgetItem* item) {
+    if (button != Qt::LeftButton || !(shift & Qt::ControlModifier) || !item) return;
+    runGuarded(services_.dialogs, [&] {
+        (void)openUnitInEditor(state_.paths, enginesOf(state_), stdString(item->text()), services_);
+    });
+}
+
+void frmMain::wagList_MouseDown(Qt::MouseButton button, Qt::KeyboardModifiers shift,
+                                QListWidgetItem* item) {
+    if (button != Qt::LeftButton || !(shift & Qt::ControlModifier) || !item) return;
+    runGuarded(services_.dialogs, [&] {
+        (void)openUnitInEditor(state_.paths, wagonsOf(state_), stdString(item->text()), services_);
+    });
+}
+
+// The Delete key sends the unit's whole folder to the recycle bin and reads the list again.
+void frmMain::locList_KeyDown(QKeyEvent* key) {
+    deleteUnitOfList(locList, key, true);
+}
+
+void frmMain::wagList_KeyDown(QKeyEvent* key) {
+    deleteUnitOfList(wagList, key, false);
+}
+
+void frmMain::deleteUnitOfList(QListWidget* list, QKeyEvent* key, bool engines) {
+    if (key->key() != Qt::Key_Delete || key->modifiers() != Qt::NoModifier) return;
+    QListWidgetItem* item = list->currentItem();
+    if (!item) return;
+    runGuarded(services_.dialogs, [&] {
+        const std::string question =
+            engines ? "Do you really want to delete this locomotive?\nThe files in its folder "
+                      "will all be sent to the Recycle Bin!"
+                    : "Do you really want to delete this wagon?\nThe files in its folder will "
+                      "all be sent to the Recycle Bin!";
+        if (services_.dialogs.ask(question, Buttons::YesNo, Icon::Question) != Answer::Yes) return;
+        const auto records = engines ? enginesOf(state_) : wagonsOf(state_);
+        const auto index =
+            findUnitByKey(records, keyOfLine(stdString(item->text())), KeyCase::Exact);
+        if (!index) return;
+        const UnitRecord unit = records[*index];
+        if (!deleteUnitFolder(state_.paths, unit, services_)) return;
+        if (engines) {
+            Command1_Click();
+        } else {
+            Command2_Click();
+        }
+    });
+}
+
+// Refreshing a list reads its catalogue again; the consist is emptied first, as its units
+// would no longer match the catalogue.
+void frmMain::refreshCatalogue(bool engines) {
+    runGuarded(services_.dialogs, [&] {
+        if (state_.consist.consistChanged &&
+            services_.dialogs.ask("Save changes to the consist?", Buttons::YesNo, Icon::Question) ==
+                Answer::Yes)
+            (void)saveConsist(state_, services_);
+        state_.consist.consistChanged = false;
+        Text2[0]->setFocus();
+        QListWidget* list = engines ? locList : wagList;
+        list->setVisible(false);
+        clearAll(state_, services_);
+        list->clear();
+        {
+            WaitScope wait(
+                engines ? "Please wait. Reading engines..." : "Please wait. Reading wagons...",
+                services_.progress, this);
+            if (engines) {
+                readEngineFiles(state_.paths, state_.catalogue, services_, state_.debugMode);
+            } else {
+                readWagonFiles(state_.paths, state_.catalogue, services_, state_.debugMode);
+            }
+        }
+        showUnitLists();
+        list->setVisible(true);
+        services_.progress.showDebug(false);
+        showStartErrorsButton();
+    });
+    refreshPics();
+}
+
+void frmMain::Command1_Click() {
+    refreshCatalogue(true);
+}
+
+void frmMain::Command2_Click() {
+    refreshCatalogue(false);
+}
+
+void frmMain::mnuUnicode_Click() {
+    runGuarded(services_.dialogs, [&] {
+        frmUnicode window(state_, services_, this);
+        window.show();
+        window.checkUnicode();
+        window.exec();
+    });
+}
 
 }  // namespace rakeyard::ui
