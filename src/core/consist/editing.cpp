@@ -6,6 +6,7 @@
 #include "core/consist/image_keys.h"
 #include "core/consist/slot_view.h"
 #include "core/msts/msts_text.h"
+#include "core/msts/unit_list.h"
 #include "core/platform/text_utf.h"
 
 namespace rakeyard {
@@ -74,9 +75,9 @@ void addFromList(AppState& app, std::string_view listLine, bool isEngine) {
     const std::span<const UnitRecord> catalogue =
         isEngine ? std::span<const UnitRecord>(app.catalogue.engines)
                  : std::span<const UnitRecord>(app.catalogue.wagons);
-    const int found = findUnitByKey(catalogue, unitKeyOf(listLine));
-    if (found < 0) return;
-    const UnitRecord& unit = catalogue[static_cast<std::size_t>(found)];
+    const std::optional<std::size_t> found = findUnitByKey(catalogue, keyOfLine(listLine));
+    if (!found) return;
+    const UnitRecord& unit = catalogue[*found];
     const long long uid = highestUid(state) + 1;
     if (isEngine && !unit.hasCab) state.pendingWarning = kNonDriveable;
 
@@ -101,20 +102,6 @@ long long firstUid(const ConsistState& state) {
 }
 
 }  // namespace
-
-std::string unitKeyOf(std::string_view listLine) {
-    const std::size_t caret = listLine.rfind('^');
-    return caret == std::string_view::npos ? std::string()
-                                           : std::string(listLine.substr(caret + 1));
-}
-
-int findUnitByKey(std::span<const UnitRecord> catalogue, std::string_view key) {
-    const std::string wanted = upperAscii(key);
-    for (std::size_t i = 0; i < catalogue.size(); ++i) {
-        if (upperAscii(catalogue[i].fileName) == wanted) return static_cast<int>(i);
-    }
-    return -1;
-}
 
 void insertUnit(ConsistState& state, int index) {
     const int s = slotOf(state, index);

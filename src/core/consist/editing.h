@@ -13,12 +13,6 @@ namespace rakeyard {
 // UiDs at or above this can't be typed or renumbered from.
 inline constexpr long long kUidLimit = 9999700;
 
-// The key of a catalogue list line: the file name behind its last "^" ("" when it has none).
-std::string unitKeyOf(std::string_view listLine);
-// The first record of the whole catalogue array whose fileName equals key regardless of case;
-// -1 when there is none.
-int findUnitByKey(std::span<const UnitRecord> catalogue, std::string_view key);
-
 // Opens an empty slot at screen position index (0..5; 6 is the first slot of the next page) of
 // the current page: the units from there up to the first empty slot move one on, and a unit
 // pushed past slot 299 is lost. Deselects the page and redraws it.
