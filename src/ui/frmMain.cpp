@@ -71,8 +71,6 @@ void frmMain::connectHandlers() {
     connect(wagList, &QListWidget::itemSelectionChanged, this, &frmMain::wagList_Click);
     connect(locList, &QListWidget::itemDoubleClicked, this, &frmMain::locList_DblClick);
     connect(wagList, &QListWidget::itemDoubleClicked, this, &frmMain::wagList_DblClick);
-    connect(locList, &QListWidget::itemActivated, this, &frmMain::locList_DblClick);
-    connect(wagList, &QListWidget::itemActivated, this, &frmMain::wagList_DblClick);
     locList->viewport()->installEventFilter(this);
     locList->installEventFilter(this);
     wagList->installEventFilter(this);
@@ -115,8 +113,11 @@ bool frmMain::eventFilter(QObject* watched, QEvent* event) {
             wagList_MouseDown(mouse->button(), mouse->modifiers(), wagList->itemAt(at));
     }
     if (event->type() == QEvent::KeyPress) {
-        if (watched == locList) locList_KeyDown(static_cast<QKeyEvent*>(event));
-        if (watched == wagList) wagList_KeyDown(static_cast<QKeyEvent*>(event));
+        auto* key = static_cast<QKeyEvent*>(event);
+        // Enter on a list line adds the unit, as a double click does.
+        const bool enter = key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter;
+        if (watched == locList) enter ? locList_DblClick() : locList_KeyDown(key);
+        if (watched == wagList) enter ? wagList_DblClick() : wagList_KeyDown(key);
     }
     if (event->type() == QEvent::FocusIn) {
         for (QLineEdit* box : Text1)
@@ -305,29 +306,15 @@ void frmMain::cmdStartErrors_MouseDown() {
 // ---- Closing ----
 
 void frmMain::mnuExit_Click() {
-    runGuarded(services_.dialogs, [&] {
-        if (state_.consist.consistChanged) {
-            const Answer answer = services_.dialogs.ask("Save changes to the consist?",
-                                                        Buttons::YesNo, Icon::Question);
-            if (answer == Answer::Yes) {
-                (void)saveConsist(state_, services_);
-                showHeaderBoxes();
-                // With no file name the save was refused: the program goes on.
-                if (state_.consist.headerBoxes[0].empty()) return;
-            }
-        }
-        state_.consist.consistChanged = false;
-        close();
-    });
+    bool goOn = false;
+    runGuarded(services_.dialogs, [&] { goOn = confirmExit(state_, services_); });
+    refreshPics();
+    if (goOn) close();
 }
 
 void frmMain::closeEvent(QCloseEvent* event) {
     runGuarded(services_.dialogs, [&] {
-        if (state_.consist.consistChanged && !state_.consist.headerBoxes[0].empty()) {
-            const Answer answer = services_.dialogs.ask("Save changes to the consist?",
-                                                        Buttons::YesNo, Icon::Question);
-            if (answer == Answer::Yes) (void)saveConsist(state_, services_);
-        }
+        offerSaveOnUnload(state_, services_);
         storeWindowPlace();
     });
     event->accept();

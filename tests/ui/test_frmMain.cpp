@@ -1,0 +1,323 @@
+#include <QAction>
+#include <QApplication>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenu>
+#include <QPushButton>
+#include <QTest>
+#include <QToolButton>
+#include <filesystem>
+#include <fstream>
+
+#include "main_window_fixture.h"
+
+using rakeyard::test::MainWindowFixture;
+
+class MainWindow : public QObject {
+    Q_OBJECT
+private Q_SLOTS:
+    void menuEntriesCarryTheirCaptions();
+    void toolbarButtonsCarryTheirToolTips();
+    void entriesOfWindowsNotBuiltAreDisabled();
+    void filterItemRunsTheMenuEntryAndStoresTheWord();
+    void listsShowTheCatalogueWithCounts();
+    void doubleClickWithUnitThreeSelectedPutsTheNewUnitInSlotThree();
+    void pasteAppendsTheClickedUnitsInClickOrder();
+    void deleteRemovesOnlyTheShiftClickedSlots();
+    void rightClickFlipsTheUnitAndLeavesItAloneSelected();
+    void keyboardMovesBetweenSlotsSelectsAndMarks();
+    void uidTooBigIsRefusedAndKeepsTheOldNumber();
+    void startErrorsButtonOpensTheEditorOrTrashesTheReport();
+    void windowKeepsItsWidthAndMinimumHeight();
+};
+
+void MainWindow::menuEntriesCarryTheirCaptions() {
+    MainWindowFixture f;
+    const std::pair<const char*, const char*> menus[] = {{"mnuConsists", "&Consists"},
+                                                         {"mnuUnits", "&Units"},
+                                                         {"mnuEdit", "&Edit"},
+                                                         {"mnuTests", "&Tests"},
+                                                         {"mnuView", "&View"},
+                                                         {"mnuMisc", "&Misc"},
+                                                         {"mnuOptions", "&Options"},
+                                                         {"mnuHelp", "&Help"},
+                                                         {"mnuSelType", "&Select type to view"},
+                                                         {"mnuShowLoc", "Show &locomotive types"},
+                                                         {"mnuShowWag", "Show &wagon types"}};
+    for (const auto& [name, caption] : menus) {
+        auto* menu = f.window->findChild<QMenu*>(name);
+        QVERIFY2(menu, name);
+        QCOMPARE(menu->title(), QString(caption));
+    }
+    const std::pair<const char*, const char*> entries[] = {
+        {"mnuLoad", "&Load"},
+        {"mnuSave", "&Save"},
+        {"mnuNew", "&New"},
+        {"mnuExit", "&Exit"},
+        {"mnuRenumber", "&Renumber units"},
+        {"mnuAdd", "&Add several of same type"},
+        {"mnuInsert", "&Insert selected"},
+        {"mnuDelete", "&Delete selected"},
+        {"mnuEditUnit", "&Edit this unit"},
+        {"mnuEditFile", "Edit eng/wag &file"},
+        {"mnuLoose", "&Loose consists"},
+        {"mnuMissing", "&Missing files"},
+        {"mnuActivities", "&Activities"},
+        {"mnuUnicode", "&Check for non-Unicode files"},
+        {"mnuPreview", "Preview consist"},
+        {"mnu3D", "&3D view"},
+        {"mnuPicture", "&Picture && description"},
+        {"mnuConsUse", "&Consists using..."},
+        {"mnuActsUse", "&Dependencies"},
+        {"mnuSteam", "&Steam"},
+        {"mnuDiesel", "&Diesel"},
+        {"mnuElectric", "&Electric"},
+        {"mnuLocAI", "AI engines"},
+        {"mnuLocAll", "&All"},
+        {"mnuFreight", "&Freight"},
+        {"mnuCarriages", "&Carriages"},
+        {"mnuTenders", "&Tenders"},
+        {"mnuWagAll", "&All"},
+        {"mnuAliasing", "&Aliasing"},
+        {"mnuMaxvel", "&Maxvelocity editor"},
+        {"mnuAllocated", "Allocated &space"},
+        {"mnuBigones", "&Big ones"},
+        {"mnuMSTSpath", "&MSTS path"},
+        {"mnuEditor", "Select &editor"},
+        {"mnu3Dviewer", "Select &3D viewer"},
+        {"mnuScreenshots", "&Folder for screenshots"},
+        {"mnuShowPic", "&Always show picture"},
+        {"mnuHelpFile", "&Help"},
+        {"mnuAbout", "&About Rakeyard"}};
+    for (const auto& [name, caption] : entries) {
+        auto* entry = f.window->findChild<QAction*>(name);
+        QVERIFY2(entry, name);
+        QCOMPARE(entry->text(), QString(caption));
+    }
+    // The recent consists and their separator stay hidden until a consist was loaded.
+    for (const char* name : {"mnuDummy3", "mnuEmpty_1", "mnuEmpty_2", "mnuEmpty_3", "mnuEmpty_4"})
+        QVERIFY2(!f.window->findChild<QAction*>(name)->isVisible(), name);
+}
+
+void MainWindow::toolbarButtonsCarryTheirToolTips() {
+    MainWindowFixture f;
+    const std::pair<const char*, const char*> buttons[] = {
+        {"exit", "Exit program"},
+        {"new", "New consist"},
+        {"open", "Open consist file"},
+        {"save", "Save consist file"},
+        {"test", "Searches for missing files"},
+        {"activity", "Consists making part of activities"},
+        {"alias", "Create aliases for engines"},
+        {"reorder", "Number all units in a sequence"},
+        {"paste", "Paste selected units (Ctrl-click image to select)"},
+        {"delete", "Delete selected units (Shift-click to select)"},
+        {"multiple", "Adds a number of the same unit"},
+        {"random", "Creates a random consist"},
+        {"3dview", "3D view"},
+        {"activitydependencies", "Shows units that are used by actvities"},
+        {"dependencies", "Shows which consists include this unit"},
+        {"loose", "Loose consist editor"}};
+    for (const auto& [key, tip] : buttons) {
+        auto* button = f.window->findChild<QAction*>(QString("tbr_") + key);
+        QVERIFY2(button, key);
+        QCOMPARE(button->toolTip(), QString(tip));
+    }
+    auto* filter = f.window->findChild<QToolButton*>("tbr_filter");
+    QVERIFY(filter);
+    QCOMPARE(filter->toolTip(), QString("Filter for locomotives and wagons"));
+    QStringList items;
+    for (QAction* item : filter->menu()->actions())
+        if (!item->isSeparator()) items << item->text();
+    QCOMPARE(items, QStringList({"Steam", "Diesel", "Electric", "AI engines", "All engines",
+                                 "Freight", "Carriages", "Tenders", "All wagons"}));
+}
+
+void MainWindow::entriesOfWindowsNotBuiltAreDisabled() {
+    MainWindowFixture f;
+    for (const char* name :
+         {"mnuEditUnit",      "mnuEditFile", "mnuLoose",    "mnuMissing",
+          "mnuActivities",    "mnuPreview",  "mnu3D",       "mnuPicture",
+          "mnuConsUse",       "mnuActsUse",  "mnuAliasing", "mnuMaxvel",
+          "mnuAllocated",     "mnuBigones",  "tbr_test",    "tbr_activity",
+          "tbr_alias",        "tbr_random",  "tbr_3dview",  "tbr_activitydependencies",
+          "tbr_dependencies", "tbr_loose"})
+        QVERIFY2(!f.window->findChild<QAction*>(name)->isEnabled(), name);
+    for (const char* name :
+         {"mnuLoad",     "mnuSave",   "mnuNew",      "mnuExit",        "mnuRenumber",
+          "mnuAdd",      "mnuInsert", "mnuDelete",   "mnuUnicode",     "mnuSteam",
+          "mnuMSTSpath", "mnuEditor", "mnu3Dviewer", "mnuScreenshots", "mnuHelpFile",
+          "mnuAbout",    "tbr_open",  "tbr_save",    "tbr_paste",      "tbr_delete"})
+        QVERIFY2(f.window->findChild<QAction*>(name)->isEnabled(), name);
+}
+
+void MainWindow::filterItemRunsTheMenuEntryAndStoresTheWord() {
+    MainWindowFixture f;
+    f.window->findChild<QAction*>("tbr_filter_carriages")->trigger();
+    QCOMPARE(f.state->paths.wagonFilter, std::string("Carriage"));
+    QVERIFY(f.window->mnuCarriages->isChecked());
+    QVERIFY(!f.window->mnuWagAll->isChecked());
+    QCOMPARE(f.window->wagList->count(), 2);
+    QCOMPARE(f.window->Label4->text(), QString("2"));
+    QVERIFY(f.msts.exists("home/settings.bin"));
+    QVERIFY(f.msts.read("home/settings.bin").substr(1640, 10) == "Carriage  ");
+    // The engine list is left as it was.
+    QCOMPARE(f.window->locList->count(), 2);
+}
+
+void MainWindow::listsShowTheCatalogueWithCounts() {
+    MainWindowFixture f;
+    QCOMPARE(f.window->Label3->text(), QString("2"));
+    QCOMPARE(f.window->Label4->text(), QString("4"));
+    // Sorted by display name; the key stands behind "^".
+    QVERIFY(f.window->locList->item(0)->text().startsWith("4F goods"));
+    QVERIFY(f.window->locList->item(0)->text().endsWith("^4f.eng"));
+    f.window->wagList->setCurrentRow(0);
+    QCOMPARE(f.window->StatusBar1->text().endsWith(" -- Brake coach"), true);
+}
+
+void MainWindow::doubleClickWithUnitThreeSelectedPutsTheNewUnitInSlotThree() {
+    MainWindowFixture f;
+    for (const char* wagon : {"van.wag", "coal.wag", "open.wag", "brake.wag"})
+        f.addWagon(wagon);
+    QCOMPARE(f.slot(3).fileName, std::string("brake.wag"));
+    QCOMPARE(f.window->lblWagons->text(), QString("4"));
+    f.clickSlot(2);
+    QCOMPARE(f.shownKey(2), QString("CARSEL"));
+    f.addEngine("class37.eng");
+    QCOMPARE(f.slot(2).fileName, std::string("class37.eng"));
+    QCOMPARE(f.slot(3).fileName, std::string("open.wag"));
+    QCOMPARE(f.slot(4).fileName, std::string("brake.wag"));
+    QCOMPARE(f.shownKey(2), QString("DSL"));
+    QCOMPARE(f.window->Label1[2]->text(), QString("Class 37 diesel"));
+    QCOMPARE(f.window->Label1[3]->text(), QString("Open coach"));
+    QVERIFY(f.state->consist.consistChanged);
+    // An engine is no wagon.
+    QCOMPARE(f.window->lblWagons->text(), QString("4"));
+    QCOMPARE(f.window->lblLenght->text(), QString("50"));
+}
+
+void MainWindow::pasteAppendsTheClickedUnitsInClickOrder() {
+    MainWindowFixture f;
+    for (const char* wagon : {"van.wag", "coal.wag", "open.wag"})
+        f.addWagon(wagon);
+    f.clickSlot(2);                       // A
+    f.clickSlot(0, Qt::ControlModifier);  // B
+    QCOMPARE(f.shownKey(0), QString("WAGSEL"));
+    QCOMPARE(f.shownKey(2), QString("CARSEL"));
+    f.window->findChild<QAction*>("tbr_paste")->trigger();
+    QVERIFY(f.fake.dialogs.shown.empty());
+    QCOMPARE(f.slot(3).fileName, std::string("open.wag"));
+    QCOMPARE(f.slot(4).fileName, std::string("van.wag"));
+    QCOMPARE(f.slot(5).fileName, std::string(""));
+    QCOMPARE(f.shownKey(3), QString("CARSEL"));
+    QCOMPARE(f.shownKey(4), QString("WAGSEL"));
+    QCOMPARE(f.window->lblWagons->text(), QString("5"));
+}
+
+void MainWindow::deleteRemovesOnlyTheShiftClickedSlots() {
+    MainWindowFixture f;
+    for (const char* wagon : {"van.wag", "coal.wag", "open.wag"})
+        f.addWagon(wagon);
+    f.clickSlot(0);
+    f.clickSlot(1, Qt::ShiftModifier);
+    QCOMPARE(f.shownKey(0), QString("WAGSEL"));
+    QCOMPARE(f.shownKey(1), QString("DEL"));
+    f.window->mnuDelete->trigger();  // the question to close the gap gets No
+    QCOMPARE(f.fake.dialogs.texts().back(),
+             std::string("Do you wish to shift and clear the gaps?"));
+    QCOMPARE(f.slot(0).fileName, std::string("van.wag"));
+    QCOMPARE(f.slot(1).fileName, std::string(""));
+    QCOMPARE(f.slot(2).fileName, std::string("open.wag"));
+    QCOMPARE(f.shownKey(1), QString("EMP"));
+    QCOMPARE(f.window->Label1[1]->text(), QString());
+    QCOMPARE(f.window->Text1[1]->text(), QString());
+    QCOMPARE(f.window->lblWagons->text(), QString("2"));
+}
+
+void MainWindow::rightClickFlipsTheUnitAndLeavesItAloneSelected() {
+    MainWindowFixture f;
+    for (const char* wagon : {"van.wag", "coal.wag", "open.wag"})
+        f.addWagon(wagon);
+    f.clickSlot(0);
+    f.clickSlot(1, Qt::ControlModifier);
+    f.clickSlot(2, {}, Qt::RightButton);
+    QVERIFY(f.slot(2).flipped);
+    QCOMPARE(f.shownKey(2), QString("CARINVSEL"));
+    QCOMPARE(f.shownKey(0), QString("WAG"));
+    QCOMPARE(f.shownKey(1), QString("WAG"));
+    QVERIFY(!f.slot(0).flipped);
+    // One selected unit and the spare entry.
+    QCOMPARE(f.state->consist.selectionBuffer.size(), std::size_t(2));
+    QCOMPARE(f.state->consist.selectionBuffer[0].fileName, std::string("open.wag"));
+    // A double click with the right button deletes nothing.
+    QTest::mouseDClick(f.window->Picture1[2], Qt::RightButton);
+    QCOMPARE(f.slot(2).fileName, std::string("open.wag"));
+}
+
+void MainWindow::keyboardMovesBetweenSlotsSelectsAndMarks() {
+    MainWindowFixture f;
+    for (const char* wagon : {"van.wag", "coal.wag"})
+        f.addWagon(wagon);
+    QApplication::setActiveWindow(f.window.get());
+    f.window->Picture1[0]->setFocus();
+    QTest::keyClick(f.window->Picture1[0], Qt::Key_Right);
+    QVERIFY(f.window->Picture1[1]->hasFocus());
+    QTest::keyClick(f.window->Picture1[1], Qt::Key_Return);
+    QCOMPARE(f.shownKey(1), QString("WAGSEL"));
+    QTest::keyClick(f.window->Picture1[1], Qt::Key_Left);
+    QTest::keyClick(f.window->Picture1[0], Qt::Key_Delete);
+    QCOMPARE(f.shownKey(0), QString("DEL"));
+    QVERIFY(f.slot(0).markedForDelete);
+    QCOMPARE(f.shownKey(1), QString("WAGSEL"));
+}
+
+void MainWindow::uidTooBigIsRefusedAndKeepsTheOldNumber() {
+    MainWindowFixture f;
+    f.addWagon("van.wag");
+    f.window->Text1[0]->selectAll();
+    // Each key stores the number so far: 999999 is taken, 9999999 is refused.
+    QTest::keyClicks(f.window->Text1[0], "9999999");
+    QCOMPARE(f.slot(0).uid, 999999.0f);
+    QCOMPARE(f.fake.dialogs.texts().back(),
+             std::string("Number too big! You must choose a smaller one."));
+    f.window->Text1[0]->clear();
+    QTest::keyClicks(f.window->Text1[0], "42");
+    QCOMPARE(f.slot(0).uid, 42.0f);
+}
+
+void MainWindow::startErrorsButtonOpensTheEditorOrTrashesTheReport() {
+    MainWindowFixture f;
+    f.state->paths.editorPath = "/usr/bin/editor";
+    std::filesystem::create_directories(f.msts.home() + "/Reports");
+    const std::string report = f.msts.home() + "/Reports/StartErrors.txt";
+    std::ofstream(report) << "finding\r\n";
+    f.window->showStartErrorsButton();
+    QVERIFY(f.window->cmdStartErrors->isVisible());
+    QTest::mouseClick(f.window->cmdStartErrors, Qt::LeftButton);
+    QCOMPARE(f.fake.desktop.started.size(), std::size_t(1));
+    QVERIFY(f.fake.desktop.started[0].starts_with("/usr/bin/editor "));
+    QVERIFY(f.fake.desktop.started[0].ends_with("StartErrors.txt"));
+    Q_EMIT f.window->cmdStartErrors->customContextMenuRequested(QPoint(2, 2));
+    QVERIFY(!f.window->cmdStartErrors->isVisible());
+    QCOMPARE(f.fake.desktop.trashed.size(), std::size_t(1));
+    QVERIFY(!std::filesystem::exists(report));
+}
+
+void MainWindow::windowKeepsItsWidthAndMinimumHeight() {
+    MainWindowFixture f;
+    f.state->settings.mainHeight = 0;  // a first run
+    f.window->placeFromSettings();
+    QCOMPARE(f.window->width(), 10365 / 15);
+    QCOMPARE(f.window->height(), 6500 / 15);
+    f.state->settings.mainHeight = 9000;
+    f.window->placeFromSettings();
+    QCOMPARE(f.window->height(), 600);
+    const int listHeight = f.window->locList->height();
+    f.window->resize(f.window->width(), 700);
+    QApplication::processEvents();
+    QCOMPARE(f.window->locList->height(), listHeight + 100);
+}
+
+QTEST_MAIN(MainWindow)
+#include "test_frmMain.moc"
