@@ -1,7 +1,7 @@
 # Sourced by scripts/run and scripts/test: installs the Debian packages the build, the tests and
 # the screenshot need, when they are missing. apt-get update runs only when something is missing.
 RAKEYARD_PACKAGES="cmake ninja-build g++ qt6-base-dev libgl-dev libgtest-dev libgmock-dev
-    nlohmann-json3-dev xvfb xauth imagemagick x11-utils python3 libxkbcommon-x11-0
+    nlohmann-json3-dev xvfb xauth imagemagick x11-utils xdotool python3 libxkbcommon-x11-0
     libxcb-cursor0 fonts-dejavu-core"
 
 install_missing_packages() {
