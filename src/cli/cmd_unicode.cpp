@@ -3,14 +3,17 @@
 #include <string>
 #include <vector>
 
+#include "cli/cli_json.h"
 #include "cli/commands.h"
 #include "core/msts/unicode_check.h"
 
 namespace rakeyard::cli {
 namespace {
 
+// One full path a line, or with --json one array of them.
 void printPaths(CliContext& context, const std::vector<std::string>& paths) {
     context.endProgress();
+    if (context.options.json) return printJson(Json(paths));
     for (const std::string& path : paths)
         std::printf("%s\n", path.c_str());
 }
@@ -38,7 +41,10 @@ int runUnicodeCheck(CliContext& context, CommandArguments& arguments) {
 int runUnicodeConvert(CliContext& context, CommandArguments& arguments) {
     if (int status = startUpWithoutOperands(context, arguments); status != kExitDone) return status;
     const std::vector<std::string> failing = checkUnicode(context.state->paths, context.services);
-    if (failing.empty()) return kExitDone;
+    if (failing.empty()) {
+        printPaths(context, failing);
+        return kExitDone;
+    }
     const std::vector<std::string> converted = convertToUnicode(failing, context.services);
     printPaths(context, converted);
     return converted.size() == failing.size() ? kExitDone : kExitFound;

@@ -2,6 +2,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <nlohmann/json.hpp>
+
 #include "cli/cli_runner.h"
 #include "support/msts_tree.h"
 
@@ -22,6 +24,9 @@ TEST(UnicodeCommands, CheckListsEightBitFilesWithStatus1AndConvertMakesThemPass)
     const CliRun check = runCli({"--home", home, "--msts", msts, "unicode", "check"});
     EXPECT_EQ(check.status, 1) << check.err;
     EXPECT_THAT(linesOf(check.out), ElementsAre(oldtimer));
+    const CliRun checkJson = runCli({"--home", home, "unicode", "check", "--json"});
+    EXPECT_EQ(checkJson.status, 1);
+    EXPECT_EQ(nlohmann::json::parse(checkJson.out), nlohmann::json::array({oldtimer}));
 
     const CliRun convert = runCli({"--home", home, "unicode", "convert"});
     EXPECT_EQ(convert.status, 0) << convert.err;
