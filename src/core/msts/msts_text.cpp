@@ -70,24 +70,30 @@ bool isUnicodeFile(FileSystem& fs, const std::string& path) {
 }
 
 MstsText decodeMstsText(std::string_view bytes) {
-    MstsText text;
     const std::size_t units = bytes.size() / 2;
-    text.reserve(units + units / 8);
+    const auto unitAt = [&](std::size_t i) {
+        return static_cast<char16_t>(static_cast<unsigned char>(bytes[2 * i]) |
+                                     (static_cast<unsigned char>(bytes[2 * i + 1]) << 8));
+    };
+    // A CR becomes CR LF, whose LF then becomes CR LF: three characters; a lone LF two.
+    std::size_t length = units;
     for (std::size_t i = 0; i < units; ++i) {
-        const auto c = static_cast<char16_t>(static_cast<unsigned char>(bytes[2 * i]) |
-                                             (static_cast<unsigned char>(bytes[2 * i + 1]) << 8));
-        switch (c) {
-            case u'\t':
-                text += u' ';
-                break;
-            case u'\r':  // CR becomes CR LF, whose LF then becomes CR LF
-                text += u"\r\r\n";
-                break;
-            case u'\n':
-                text += u"\r\n";
-                break;
-            default:
-                text += c;
+        const char16_t c = unitAt(i);
+        length += (c == u'\r') * 2 + (c == u'\n');
+    }
+    MstsText text(length, u' ');
+    char16_t* out = text.data();
+    for (std::size_t i = 0; i < units; ++i) {
+        const char16_t c = unitAt(i);
+        if (c == u'\r') {
+            *out++ = u'\r';
+            *out++ = u'\r';
+            *out++ = u'\n';
+        } else if (c == u'\n') {
+            *out++ = u'\r';
+            *out++ = u'\n';
+        } else {
+            *out++ = c == u'\t' ? u' ' : c;
         }
     }
     return text;
@@ -104,9 +110,16 @@ MstsText upperText(std::u16string_view text) {
 
 std::size_t findFrom(std::u16string_view text, std::u16string_view needle, std::size_t from) {
     if (from == 0) from = 1;
-    if (needle.empty() || from > text.size()) return 0;
-    const std::size_t found = text.find(needle, from - 1);
-    return found == std::u16string_view::npos ? 0 : found + 1;
+    if (needle.empty() || from > text.size() || needle.size() > text.size() - (from - 1)) return 0;
+    // The byte search of the standard library is far quicker than its UTF-16 one; a match at
+    // an odd byte is no match of characters.
+    const std::string_view bytes(reinterpret_cast<const char*>(text.data()), 2 * text.size());
+    const std::string_view wanted(reinterpret_cast<const char*>(needle.data()), 2 * needle.size());
+    for (std::size_t at = bytes.find(wanted, 2 * (from - 1)); at != std::string_view::npos;
+         at = bytes.find(wanted, at + 1)) {
+        if (at % 2 == 0) return at / 2 + 1;
+    }
+    return 0;
 }
 
 std::size_t findLastUpTo(std::u16string_view text, std::u16string_view needle, std::size_t upTo) {

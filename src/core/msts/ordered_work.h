@@ -18,6 +18,7 @@ namespace rakeyard {
 template <typename Result, typename Work, typename Apply>
 void forEachInOrder(std::size_t count, unsigned workers, Work work, Apply apply) {
     constexpr std::size_t kWindow = 64;
+    constexpr std::size_t kChunk = 8;  // jobs a worker takes at once: fewer wake-ups
     std::vector<std::optional<Result>> slots(kWindow);
     std::mutex mutex;
     std::condition_variable changed;
@@ -31,11 +32,17 @@ void forEachInOrder(std::size_t count, unsigned workers, Work work, Apply apply)
             changed.wait(
                 lock, [&] { return stopping || nextJob >= count || nextJob < applied + kWindow; });
             if (stopping || nextJob >= count) return;
-            const std::size_t job = nextJob++;
+            const std::size_t first = nextJob;
+            const std::size_t last = std::min({count, first + kChunk, applied + kWindow});
+            nextJob = last;
             lock.unlock();
-            Result result = work(job);
+            std::vector<Result> results;
+            results.reserve(last - first);
+            for (std::size_t job = first; job < last; ++job)
+                results.push_back(work(job));
             lock.lock();
-            slots[job % kWindow] = std::move(result);
+            for (std::size_t job = first; job < last; ++job)
+                slots[job % kWindow] = std::move(results[job - first]);
             changed.notify_all();
         }
     };
@@ -72,9 +79,10 @@ void forEachInOrder(std::size_t count, unsigned workers, Work work, Apply apply)
             changed.wait(lock, [&] { return slot.has_value(); });
             Result result = std::move(*slot);
             slot.reset();
-            ++applied;
+            // Workers wait for room only when a whole window is ahead.
+            const bool roomMade = ++applied % kChunk == 0;
             lock.unlock();
-            changed.notify_all();
+            if (roomMade) changed.notify_all();
             apply(i, result);
         }
     } catch (...) {

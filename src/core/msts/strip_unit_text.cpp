@@ -14,23 +14,13 @@ namespace {
 
 constexpr std::u16string_view kComment = u"COMMENT";
 
-char16_t upperChar(char16_t c) {
-    return c >= u'a' && c <= u'z' ? char16_t(c - u'a' + u'A') : c;
-}
-
 // 0-based starts of "COMMENT" in any letter case. The word cannot overlap itself.
 std::vector<std::size_t> commentWords(std::u16string_view text) {
     std::vector<std::size_t> found;
-    for (std::size_t i = 0; i + kComment.size() <= text.size(); ++i) {
-        if (upperChar(text[i]) != u'C') continue;
-        std::size_t k = 1;
-        while (k < kComment.size() && upperChar(text[i + k]) == kComment[k])
-            ++k;
-        if (k == kComment.size()) {
-            found.push_back(i);
-            i += k - 1;
-        }
-    }
+    const MstsText upper = upperText(text);
+    for (std::size_t at = findFrom(upper, kComment); at != 0;
+         at = findFrom(upper, kComment, at + kComment.size()))
+        found.push_back(at - 1);
     return found;
 }
 
@@ -225,15 +215,15 @@ void removeComments(MstsText& text) {
 }
 
 void replaceEach(MstsText& text, std::u16string_view word) {
-    std::size_t at = text.find(word);
-    if (at == MstsText::npos) return;
+    std::size_t at = findFrom(text, word);
+    if (at == 0) return;
     MstsText out;
     out.reserve(text.size());
     std::size_t from = 0;
-    for (; at != MstsText::npos; at = text.find(word, from)) {
-        out.append(text, from, at - from);
+    for (; at != 0; at = findFrom(text, word, from + 1)) {
+        out.append(text, from, at - 1 - from);
         out += u' ';
-        from = at + word.size();
+        from = at - 1 + word.size();
     }
     out.append(text, from);
     text = std::move(out);
