@@ -5,6 +5,7 @@
 #include <cstdio>
 
 #include "core/consist/consist_writer.h"
+#include "core/consist/image_keys.h"
 #include "core/msts/msts_text.h"
 #include "core/platform/text_utf.h"
 
@@ -94,6 +95,26 @@ bool isWagonUnit(const ConsistSlot& slot) {
 
 void clearSlot(ConsistSlot& slot) {
     slot = ConsistSlot{};
+}
+
+void copyCatalogueFields(ConsistSlot& slot, const UnitRecord& unit, bool isEngine) {
+    slot.folderPath = unit.folderPath;
+    slot.folderName = unit.folderName;
+    slot.fileName = unit.fileName;
+    slot.displayName = unit.displayName;
+    slot.unitType = unit.unitType;
+    slot.couplerFront = unit.couplerFront;
+    slot.couplerRear = unit.couplerRear;
+    slot.mass = unit.mass;
+    slot.length = unit.length;
+    slot.shapeName = unit.shapeName;
+    if (isEngine) {
+        slot.maxPower = unit.maxPower;
+        slot.hasCab = unit.hasCab;
+    }
+    // A type of the other list's kind (or none known) leaves the picture key as it was.
+    const std::string_view stem = stemOfType(unit.unitType);
+    if (!stem.empty() && isEngineType(unit.unitType) == isEngine) slot.imageKey = std::string(stem);
 }
 
 long long highestUid(const ConsistState& state) {

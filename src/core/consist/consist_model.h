@@ -35,6 +35,9 @@ void subtractUnit(ConsistTotals& totals, const ConsistSlot& unit);
 bool isWagonUnit(const ConsistSlot& slot);
 // Empties a slot: every text "", every number 0.
 void clearSlot(ConsistSlot& slot);
+// Puts a catalogue unit's fields into a slot, with the picture key of its type; a wagon leaves
+// maxPower and hasCab alone.
+void copyCatalogueFields(ConsistSlot& slot, const UnitRecord& unit, bool isEngine);
 // The highest whole uid of slots 0..299.
 long long highestUid(const ConsistState& state);
 // The highest position of slots 0..299.

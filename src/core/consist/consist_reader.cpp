@@ -126,31 +126,11 @@ private:
             }
             return true;
         }
-        if (target) storeFound(*target, *unit, isEngine);
+        if (target) copyCatalogueFields(*target, *unit, isEngine);
         lengthTotal = round2(double(lengthTotal) + unit->length);
         massTotal = round2(double(massTotal) + unit->mass);
         if (!isEngine) changeWagonCount(app_.consist.totals, 1);
         return true;
-    }
-
-    static void storeFound(ConsistSlot& target, const UnitRecord& unit, bool isEngine) {
-        target.unitType = unit.unitType;
-        target.displayName = unit.displayName;
-        target.fileName = unit.fileName;
-        target.folderName = unit.folderName;
-        target.folderPath = unit.folderPath;
-        target.couplerFront = unit.couplerFront;
-        target.couplerRear = unit.couplerRear;
-        target.shapeName = unit.shapeName;
-        target.length = unit.length;
-        target.mass = unit.mass;
-        if (isEngine) {
-            target.maxPower = unit.maxPower;
-            target.hasCab = unit.hasCab;
-        }
-        const std::string_view stem = stemOfType(unit.unitType);
-        if (!stem.empty() && isEngineType(unit.unitType) == isEngine)
-            target.imageKey = std::string(stem);
     }
 
     bool uid(std::u16string_view line) {

@@ -42,26 +42,10 @@ bool pageWasFull(const ConsistState& state) {
 }
 
 void storeUnit(ConsistSlot& slot, const UnitRecord& unit, bool isEngine, long long uid, int j) {
-    slot.folderName = unit.folderName;
-    slot.fileName = unit.fileName;
-    slot.displayName = unit.displayName;
-    slot.folderPath = unit.folderPath;
-    slot.unitType = unit.unitType;
+    copyCatalogueFields(slot, unit, isEngine);
     slot.flipped = false;
     slot.uid = toSingle(static_cast<double>(uid));
     slot.position = static_cast<std::int16_t>(j + 1);
-    const std::string_view stem = stemOfType(unit.unitType);
-    const bool engineStem = stem == "ENG" || stem == "DSL" || stem == "ELE";
-    if (!stem.empty() && engineStem == isEngine) slot.imageKey = std::string(stem);
-    slot.length = unit.length;
-    slot.mass = unit.mass;
-    slot.couplerFront = unit.couplerFront;
-    slot.couplerRear = unit.couplerRear;
-    slot.shapeName = unit.shapeName;
-    if (isEngine) {
-        slot.maxPower = unit.maxPower;
-        slot.hasCab = unit.hasCab;
-    }
 }
 
 void addFromList(AppState& app, std::string_view listLine, bool isEngine) {
