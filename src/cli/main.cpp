@@ -23,7 +23,7 @@ constexpr Command kCommands[] = {
     {"consist copy", "consist copy FILE NAME", "load a consist and save it as NAME",
      runConsistCopy},
     {"consist new", "consist new NAME UNIT...",
-     "build a consist from units (eng:NAME, wag:NAME or NAME) and save it as NAME", runConsistNew},
+     "build a consist of units (eng:/wag: may prefix one) and save it", runConsistNew},
     {"unicode check", "unicode check", "list the unit files that are not in Unicode",
      runUnicodeCheck},
     {"unicode convert", "unicode convert", "convert the files that unicode check lists",
