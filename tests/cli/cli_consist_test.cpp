@@ -175,6 +175,16 @@ TEST_F(ConsistCommands, CopyOverAnExistingConsistOverwritesOnlyWithYes) {
     EXPECT_EQ(show("RY_PushPull")["name"], "Valley coal, loaded");
 }
 
+TEST_F(ConsistCommands, SampleConsistsAreInTheWritersExactLayout) {
+    for (const char* name : {"RY_Coal_Up", "RY Steam Special", "RY_PushPull"}) {
+        const std::string path = msts + "/TRAINS/CONSISTS/" + name + ".con";
+        const std::string before = readWholeFile(path);
+        const CliRun saved = cli({"consist", "copy", name, name, "--yes"});
+        EXPECT_EQ(saved.status, 0) << name << "\n" << saved.err;
+        EXPECT_EQ(readWholeFile(path), before) << name;
+    }
+}
+
 TEST_F(ConsistCommands, CopyOfAConsistWithAMissingUnitIsRefused) {
     const CliRun run = cli({"consist", "copy", "RY_Missing_Loco", "Tanks Copy"});
     EXPECT_EQ(run.status, 1);
