@@ -1,0 +1,223 @@
+// The editing operations of the main window, driven through its own controls: what the consist
+// holds afterwards, and what the six slots show of it.
+#include <QAction>
+#include <QApplication>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTest>
+#include <QTimer>
+
+#include "core/consist/consist_model.h"
+#include "core/consist/slot_view.h"
+#include "main_window_fixture.h"
+#include "ui/frmQtd.h"
+
+using rakeyard::test::MainWindowFixture;
+
+namespace {
+
+// What the strip and the totals show, to compare before and after an operation.
+struct Shown {
+    QStringList names, uids, keys;
+    QString wagons, length, mass;
+    bool leftArrow, rightArrow;
+    bool operator==(const Shown&) const = default;
+};
+
+Shown shownStrip(const MainWindowFixture& f) {
+    Shown shown;
+    for (int i = 0; i < 6; ++i) {
+        shown.names << f.window->Label1[i]->text();
+        shown.uids << f.window->Text1[i]->text();
+        shown.keys << f.shownKey(i);
+    }
+    shown.wagons = f.window->lblWagons->text();
+    shown.length = f.window->lblLenght->text();
+    shown.mass = f.window->lblWeight->text();
+    shown.leftArrow = f.window->imgLeft->isVisible();
+    shown.rightArrow = f.window->imgRight->isVisible();
+    return shown;
+}
+
+// Answers the next frmQtd: types the number and presses OK. Keeps the wagon name it showed.
+void answerQuantity(const QString& number, QString* shownName) {
+    auto* poll = new QTimer();
+    QObject::connect(poll, &QTimer::timeout, poll, [=] {
+        for (QWidget* top : QApplication::topLevelWidgets()) {
+            auto* window = qobject_cast<rakeyard::ui::frmQtd*>(top);
+            if (!window || !window->isVisible()) continue;
+            poll->deleteLater();
+            poll->stop();
+            *shownName = window->Label1->text();
+            QTest::keyClicks(window->Text1, number);
+            QTest::mouseClick(window->OKButton, Qt::LeftButton);
+            return;
+        }
+    });
+    poll->start(10);
+}
+
+// Selects the line of a wagon without adding it.
+void selectWagon(MainWindowFixture& f, const QString& fileName) {
+    for (int i = 0; i < f.window->wagList->count(); ++i)
+        if (f.window->wagList->item(i)->text().endsWith("^" + fileName))
+            f.window->wagList->setCurrentRow(i);
+}
+
+// Slots 0..299 full of covered vans, numbered 1..300.
+void fillConsist(MainWindowFixture& f) {
+    for (int i = 0; i < rakeyard::kUsedSlots; ++i) {
+        rakeyard::ConsistSlot& slot = f.state->consist.slots[i];
+        rakeyard::copyCatalogueFields(slot, f.state->catalogue.wagons[0], false);
+        slot.uid = float(i + 1);
+        slot.position = std::int16_t(i + 1);
+    }
+}
+
+}  // namespace
+
+class MainWindowEditing : public QObject {
+    Q_OBJECT
+private Q_SLOTS:
+    void addSeveralRefusesAHundredAndRenumbersNinetyNineFromTheFirstSlot();
+    void shiftLeftClosesATwoSlotGapOneSlotPerPress();
+    void renumberIsRefusedAboveTheLimitAndDoneAtIt();
+    void endShowsThePageOfTheFirstFreeSlot();
+    void fullLastPageTakesNoMoreUnitsVisibly();
+};
+
+void MainWindowEditing::addSeveralRefusesAHundredAndRenumbersNinetyNineFromTheFirstSlot() {
+    MainWindowFixture f;
+    f.addWagon("van.wag");
+    f.addWagon("brake.wag");
+    // New units take the highest UiD plus one; only the renumbering starts them from 500.
+    f.window->Text1[1]->selectAll();
+    QTest::keyClicks(f.window->Text1[1], "7000");
+    f.window->Text1[0]->selectAll();
+    QTest::keyClicks(f.window->Text1[0], "500");
+    QCOMPARE(f.slot(0).uid, 500.0f);
+
+    selectWagon(f, "coal.wag");
+    QString shownName;
+    answerQuantity("100", &shownName);
+    f.window->mnuAdd->trigger();
+    QCOMPARE(shownName, QString("Coal wagon"));
+    QCOMPARE(f.fake.dialogs.texts().back(),
+             std::string("That number is too big! The maximum you can\n"
+                         "add this way must be less than 100."));
+    QCOMPARE(f.slot(2).fileName, std::string());
+
+    answerQuantity("99", &shownName);
+    f.window->mnuAdd->trigger();
+    QCOMPARE(f.fake.dialogs.shown.size(), std::size_t(1));
+    QCOMPARE(f.slot(1).fileName, std::string("brake.wag"));
+    for (int k = 2; k < 101; ++k)
+        QVERIFY2(f.slot(k).fileName == "coal.wag", qPrintable(QString::number(k)));
+    QCOMPARE(f.slot(101).fileName, std::string());
+    for (int k = 0; k < 101; ++k)
+        QVERIFY2(f.slot(k).uid == float(500 + k), qPrintable(QString::number(k)));
+    QCOMPARE(f.window->lblWagons->text(), QString("101"));
+    // The page on screen shows the renumbered units.
+    const int first = f.state->consist.currentPage * 6;
+    QVERIFY(first > 0);
+    for (int i = 0; i < 6; ++i) {
+        const bool used = first + i < 101;
+        QCOMPARE(f.window->Text1[i]->text(), used ? QString::number(500 + first + i) : QString());
+        QCOMPARE(f.window->Label1[i]->text(), used ? QString("Coal wagon") : QString());
+    }
+}
+
+void MainWindowEditing::shiftLeftClosesATwoSlotGapOneSlotPerPress() {
+    MainWindowFixture f;
+    for (const char* wagon : {"van.wag", "coal.wag", "open.wag", "brake.wag", "coal.wag"})
+        f.addWagon(wagon);
+    QTest::mouseDClick(f.window->Picture1[1], Qt::LeftButton);
+    QTest::mouseDClick(f.window->Picture1[2], Qt::LeftButton);
+    QCOMPARE(f.window->lblWagons->text(), QString("3"));
+    QCOMPARE(shownStrip(f).names,
+             QStringList({"Covered van", "", "", "Brake coach", "Coal wagon", ""}));
+
+    QTest::mouseClick(f.window->cmdShift[0], Qt::LeftButton);
+    QCOMPARE(shownStrip(f).names,
+             QStringList({"Covered van", "", "Brake coach", "Coal wagon", "", ""}));
+    QCOMPARE(f.slot(4).fileName, std::string());
+
+    QTest::mouseClick(f.window->cmdShift[0], Qt::LeftButton);
+    const Shown closed = shownStrip(f);
+    QCOMPARE(closed.names, QStringList({"Covered van", "Brake coach", "Coal wagon", "", "", ""}));
+    QCOMPARE(closed.uids, QStringList({"1", "4", "5", "", "", ""}));
+    QCOMPARE(closed.keys, QStringList({"WAG", "CAR", "WAG", "EMP", "EMP", "EMP"}));
+    QCOMPARE(f.slot(1).fileName, std::string("brake.wag"));
+    QCOMPARE(f.slot(2).fileName, std::string("coal.wag"));
+    QCOMPARE(f.slot(3).fileName, std::string());
+
+    // Without a gap a further press leaves the consist as it is.
+    QTest::mouseClick(f.window->cmdShift[0], Qt::LeftButton);
+    QCOMPARE(shownStrip(f), closed);
+}
+
+void MainWindowEditing::renumberIsRefusedAboveTheLimitAndDoneAtIt() {
+    MainWindowFixture f;
+    for (const char* wagon : {"van.wag", "coal.wag", "open.wag"})
+        f.addWagon(wagon);
+    f.state->consist.slots[0].uid = 9999701.0f;
+    rakeyard::refreshPics(f.state->consist);
+    f.window->refreshPics();
+    f.window->mnuRenumber->trigger();
+    QCOMPARE(f.fake.dialogs.texts(),
+             std::vector<std::string>{"Number too big! You must choose a smaller one."});
+    QCOMPARE(f.slot(1).uid, 2.0f);
+    QCOMPARE(shownStrip(f).uids, QStringList({"9999701", "2", "3", "", "", ""}));
+
+    f.state->consist.slots[0].uid = 9999700.0f;
+    f.window->mnuRenumber->trigger();
+    QCOMPARE(f.fake.dialogs.shown.size(), std::size_t(1));
+    QCOMPARE(f.slot(2).uid, 9999702.0f);
+    QCOMPARE(shownStrip(f).uids, QStringList({"9999700", "9999701", "9999702", "", "", ""}));
+}
+
+void MainWindowEditing::endShowsThePageOfTheFirstFreeSlot() {
+    MainWindowFixture f;
+    for (const char* wagon : {"van.wag", "coal.wag", "open.wag", "brake.wag", "van.wag"})
+        f.addWagon(wagon);
+    QTest::mouseClick(f.window->cmdEnd, Qt::LeftButton);
+    QCOMPARE(f.state->consist.currentPage, 0);
+    QCOMPARE(f.window->Label1[4]->text(), QString("Covered van"));
+
+    f.addWagon("coal.wag");
+    QCOMPARE(f.window->Label1[5]->text(), QString("Coal wagon"));
+    QTest::mouseClick(f.window->cmdEnd, Qt::LeftButton);
+    QCOMPARE(f.state->consist.currentPage, 1);
+    const Shown page = shownStrip(f);
+    QCOMPARE(page.names, QStringList(6, QString()));
+    QCOMPARE(page.uids, QStringList(6, QString()));
+    QCOMPARE(page.keys, QStringList(6, "EMP"));
+    QVERIFY(page.leftArrow);
+    QVERIFY(!page.rightArrow);
+    QCOMPARE(page.wagons, QString("6"));
+}
+
+void MainWindowEditing::fullLastPageTakesNoMoreUnitsVisibly() {
+    MainWindowFixture f;
+    fillConsist(f);
+    QTest::mouseClick(f.window->cmdEnd, Qt::LeftButton);
+    QCOMPARE(f.state->consist.currentPage, 49);
+    const Shown before = shownStrip(f);
+    QCOMPARE(before.uids, QStringList({"295", "296", "297", "298", "299", "300"}));
+
+    f.addWagon("open.wag");
+    QCOMPARE(shownStrip(f), before);
+    QCOMPARE(f.slot(299).fileName, std::string("van.wag"));
+    QCOMPARE(f.slot(300).fileName, std::string());
+
+    // A gap elsewhere takes the unit, but the full last page stays on screen as it was.
+    rakeyard::clearSlot(f.state->consist.slots[10]);
+    f.addWagon("open.wag");
+    QCOMPARE(f.slot(10).fileName, std::string("open.wag"));
+    QCOMPARE(f.state->consist.currentPage, 49);
+    QCOMPARE(shownStrip(f), before);
+}
+
+QTEST_MAIN(MainWindowEditing)
+#include "test_frmMain_editing.moc"
