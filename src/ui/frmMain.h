@@ -44,6 +44,8 @@ public:
     void refreshPics();
     // Both lists from the catalogues under the stored filters, with the filter menus checked.
     void showUnitLists();
+    // Checks mnuShowPic when the settings record holds "on" for the description window.
+    void showStoredOptions();
     // Shows or hides cmdStartErrors by whether Reports/StartErrors.txt exists.
     void showStartErrorsButton();
     // The blocking windows start-up may need, parented to this window.
@@ -135,6 +137,7 @@ private:
     void mnuEditor_Click();
     void mnu3Dviewer_Click();
     void mnuScreenshots_Click();
+    void mnuShowPic_Click();
     void mnuHelpFile_Click();
     void mnuAbout_Click();
     void tbrFilter_ButtonMenuClick(QAction* item);

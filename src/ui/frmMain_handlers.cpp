@@ -77,6 +77,7 @@ void frmMain::connectMenus() {
     both(mnuEditor, nullptr, &frmMain::mnuEditor_Click);
     both(mnu3Dviewer, nullptr, &frmMain::mnu3Dviewer_Click);
     both(mnuScreenshots, nullptr, &frmMain::mnuScreenshots_Click);
+    both(mnuShowPic, nullptr, &frmMain::mnuShowPic_Click);
     both(mnuHelpFile, nullptr, &frmMain::mnuHelpFile_Click);
     both(mnuAbout, nullptr, &frmMain::mnuAbout_Click);
 }
@@ -84,9 +85,9 @@ void frmMain::connectMenus() {
 // Entries whose windows or routines are not part of the program yet stay disabled; the guide
 // marks them as coming.
 void frmMain::enableBuiltEntries() {
-    for (QAction* notYet : {mnuEditUnit, mnuEditFile, mnuLoose, mnuMissing, mnuActivities,
-                            mnuPreview, mnu3D, mnuPicture, mnuConsUse, mnuActsUse, mnuAliasing,
-                            mnuMaxvel, mnuAllocated, mnuBigones, mnuShowPic})
+    for (QAction* notYet :
+         {mnuEditUnit, mnuEditFile, mnuLoose, mnuMissing, mnuActivities, mnuPreview, mnu3D,
+          mnuPicture, mnuConsUse, mnuActsUse, mnuAliasing, mnuMaxvel, mnuAllocated, mnuBigones})
         notYet->setEnabled(false);
     for (const char* key : {"test", "activity", "alias", "random", "3dview", "activitydependencies",
                             "dependencies", "loose"})
@@ -235,6 +236,20 @@ void frmMain::mnuScreenshots_Click() {
         frmScrshots window(state_, services_, this);
         window.exec();
     });
+}
+
+// The check mark is the stored preference. The description window it would open at start is
+// not part of the program yet, so the entry only remembers the choice.
+void frmMain::mnuShowPic_Click() {
+    runGuarded(services_.dialogs, [&] {
+        setText(state_.settings, &SettingsRecord::showDescription,
+                mnuShowPic->isChecked() ? "on" : "off");
+        (void)saveSettings(state_.settings, state_.paths, services_);
+    });
+}
+
+void frmMain::showStoredOptions() {
+    mnuShowPic->setChecked(trimmedValue(state_.settings.showDescription) == "on");
 }
 
 // ---- Help ----

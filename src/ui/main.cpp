@@ -94,6 +94,7 @@ int main(int argc, char** argv) {
     if (started == StartUpResult::Ended) return 0;
 
     window.showUnitLists();
+    window.showStoredOptions();
     window.refreshPics();
     window.showStartErrorsButton();
     window.show();

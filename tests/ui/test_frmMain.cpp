@@ -9,6 +9,7 @@
 #include <filesystem>
 #include <fstream>
 
+#include "core/settings/settings_record.h"
 #include "main_window_fixture.h"
 
 using rakeyard::test::MainWindowFixture;
@@ -29,6 +30,7 @@ private Q_SLOTS:
     void uidTooBigIsRefusedAndKeepsTheOldNumber();
     void startErrorsButtonOpensTheEditorOrTrashesTheReport();
     void windowKeepsItsWidthAndMinimumHeight();
+    void alwaysShowPictureIsAStoredCheckMark();
 };
 
 void MainWindow::menuEntriesCarryTheirCaptions() {
@@ -144,10 +146,10 @@ void MainWindow::entriesOfWindowsNotBuiltAreDisabled() {
           "tbr_dependencies", "tbr_loose"})
         QVERIFY2(!f.window->findChild<QAction*>(name)->isEnabled(), name);
     for (const char* name :
-         {"mnuLoad",     "mnuSave",   "mnuNew",      "mnuExit",        "mnuRenumber",
-          "mnuAdd",      "mnuInsert", "mnuDelete",   "mnuUnicode",     "mnuSteam",
-          "mnuMSTSpath", "mnuEditor", "mnu3Dviewer", "mnuScreenshots", "mnuHelpFile",
-          "mnuAbout",    "tbr_open",  "tbr_save",    "tbr_paste",      "tbr_delete"})
+         {"mnuLoad",     "mnuSave",        "mnuNew",      "mnuExit",  "mnuRenumber", "mnuAdd",
+          "mnuInsert",   "mnuDelete",      "mnuUnicode",  "mnuSteam", "mnuMSTSpath", "mnuEditor",
+          "mnu3Dviewer", "mnuScreenshots", "mnuHelpFile", "mnuAbout", "tbr_open",    "tbr_save",
+          "tbr_paste",   "tbr_delete",     "mnuShowPic"})
         QVERIFY2(f.window->findChild<QAction*>(name)->isEnabled(), name);
 }
 
@@ -317,6 +319,33 @@ void MainWindow::windowKeepsItsWidthAndMinimumHeight() {
     f.window->resize(f.window->width(), 700);
     QApplication::processEvents();
     QCOMPARE(f.window->locList->height(), listHeight + 100);
+}
+
+void MainWindow::alwaysShowPictureIsAStoredCheckMark() {
+    MainWindowFixture f;
+    rakeyard::setText(f.state->settings, &rakeyard::SettingsRecord::showDescription, "on");
+    f.window->showStoredOptions();
+    QVERIFY(f.window->mnuShowPic->isChecked());
+    const int windows = QApplication::topLevelWidgets().size();
+
+    f.window->mnuShowPic->trigger();
+    QVERIFY(!f.window->mnuShowPic->isChecked());
+    QCOMPARE(f.state->settings.showDescription, std::string("off"));
+    QCOMPARE(f.msts.read("home/settings.bin").substr(1627, 3), std::string("off"));
+
+    f.window->mnuShowPic->trigger();
+    QVERIFY(f.window->mnuShowPic->isChecked());
+    QCOMPARE(f.msts.read("home/settings.bin").substr(1627, 3), std::string("on "));
+    // No window opens and no message is shown.
+    QCOMPARE(QApplication::topLevelWidgets().size(), windows);
+    QVERIFY(f.fake.dialogs.shown.empty());
+
+    // A record that never held the choice, or holds "off", leaves the entry unchecked.
+    for (const std::string& stored : {std::string("off"), std::string(3, '\0')}) {
+        f.state->settings.showDescription = stored;
+        f.window->showStoredOptions();
+        QVERIFY(!f.window->mnuShowPic->isChecked());
+    }
 }
 
 QTEST_MAIN(MainWindow)
