@@ -1,36 +1,27 @@
 #include "ui/frm3DViewer.h"
 
-#include <QHBoxLayout>
-#include <QVBoxLayout>
-
 #include "core/settings/path_windows.h"
 #include "ui/handler_guard.h"
-#include "ui/path_chooser.h"
 #include "ui/qt_services.h"
-#include "ui/window_helpers.h"
 
 namespace rakeyard::ui {
 
+namespace {
+
+PathWindowLook viewerPathLook() {
+    PathWindowLook look;
+    look.objectName = "frm3DViewer";
+    look.title = "3D viewer path";
+    look.prompt = "Please select the program to display 3D models";
+    look.fileFilters = {"*.exe", "*.EXE"};
+    look.size = QSize(620, 420);
+    return look;
+}
+
+}  // namespace
+
 frm3DViewer::frm3DViewer(AppState& state, Services& services, QWidget* parent)
-    : QDialog(parent), state_(state), services_(services) {
-    setObjectName("frm3DViewer");
-    setWindowTitle("3D viewer path");
-    Label1 = textLabel("Label1", "Please select the program to display 3D models", this);
-    chooser = new PathChooser(this, {"*.exe", "*.EXE"});
-    Command1 = button("Command1", "OK", this);
-    Command2 = button("Command2", "Cancel", this);
-    Command1->setDefault(true);
-    auto* buttons = new QHBoxLayout();
-    buttons->addStretch(1);
-    buttons->addWidget(Command1);
-    buttons->addWidget(Command2);
-    auto* layout = new QVBoxLayout(this);
-    layout->addWidget(Label1);
-    layout->addWidget(chooser, 1);
-    layout->addLayout(buttons);
-    resize(620, 420);
-    connect(Command1, &QPushButton::clicked, this, &frm3DViewer::Command1_Click);
-    connect(Command2, &QPushButton::clicked, this, &QDialog::reject);
+    : PathWindow(viewerPathLook(), state, services, parent) {
     const std::string& viewer = state_.paths.viewerPath;
     if (!rakeyard::isUnset(viewer) && viewer != "NO") chooser->openOn(qs(viewer));
 }

@@ -1,32 +1,18 @@
 #pragma once
-#include <QDialog>
+#include "ui/path_chooser.h"
 
-#include "core/app/app_state.h"
-#include "core/platform/services.h"
-
-class QLabel;
-class QPushButton;
 namespace rakeyard::ui {
 
-class PathChooser;
-
-// "3D viewer path": the shape viewer program.
-class frm3DViewer : public QDialog {
+// "3D viewer path": the shape viewer program. The window has no note Label2.
+class frm3DViewer : public PathWindow {
     Q_OBJECT
 public:
     frm3DViewer(AppState& state, Services& services, QWidget* parent = nullptr);
     // After OK: whether frmScrshots is to follow, no screenshots folder being set.
     bool screenshotsWanted() const { return screenshotsWanted_; }
 
-    QLabel* Label1;
-    rakeyard::ui::PathChooser* chooser;
-    QPushButton* Command1;  // OK
-    QPushButton* Command2;  // Cancel
-
 private:
-    void Command1_Click();
-    AppState& state_;
-    Services& services_;
+    void Command1_Click() override;
     bool screenshotsWanted_ = false;
 };
 

@@ -1,31 +1,16 @@
 #pragma once
-#include <QDialog>
+#include "ui/path_chooser.h"
 
-#include "core/app/app_state.h"
-#include "core/platform/services.h"
-
-class QLabel;
-class QPushButton;
 namespace rakeyard::ui {
 
-class PathChooser;
-
 // "Editor path": the text editor that opens MSTS files and reports.
-class frmEditor : public QDialog {
+class frmEditor : public PathWindow {
     Q_OBJECT
 public:
     frmEditor(AppState& state, Services& services, QWidget* parent = nullptr);
 
-    QLabel* Label1;
-    QLabel* Label2;
-    rakeyard::ui::PathChooser* chooser;
-    QPushButton* Command1;  // OK
-    QPushButton* Command2;  // Cancel
-
 private:
-    void Command1_Click();
-    AppState& state_;
-    Services& services_;
+    void Command1_Click() override;
 };
 
 }  // namespace rakeyard::ui

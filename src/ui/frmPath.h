@@ -1,34 +1,19 @@
 #pragma once
-#include <QDialog>
+#include "ui/path_chooser.h"
 
-#include "core/app/app_state.h"
-#include "core/platform/services.h"
-
-class QLabel;
-class QPushButton;
 namespace rakeyard::ui {
 
-class PathChooser;
-
 // "MSTS path": the main folder of the MSTS installation.
-class frmPath : public QDialog {
+class frmPath : public PathWindow {
     Q_OBJECT
 public:
     frmPath(AppState& state, Services& services, QWidget* parent = nullptr);
     // True after Cancel with an empty box: the program is to end.
     bool endProgram() const { return endProgram_; }
 
-    QLabel* Label1;
-    QLabel* Label2;
-    rakeyard::ui::PathChooser* chooser;
-    QPushButton* Command1;  // OK
-    QPushButton* Command2;  // Cancel
-
 private:
-    void Command1_Click();
-    void Command2_Click();
-    AppState& state_;
-    Services& services_;
+    void Command1_Click() override;
+    void Command2_Click() override;
     bool endProgram_ = false;
 };
 

@@ -1,32 +1,17 @@
 #pragma once
-#include <QDialog>
+#include "ui/path_chooser.h"
 
-#include "core/app/app_state.h"
-#include "core/platform/services.h"
-
-class QLabel;
-class QPushButton;
 namespace rakeyard::ui {
 
-class PathChooser;
-
 // "Path for screenshots": where the shape viewer's pictures are collected.
-class frmScrshots : public QDialog {
+class frmScrshots : public PathWindow {
     Q_OBJECT
 public:
     frmScrshots(AppState& state, Services& services, QWidget* parent = nullptr);
 
-    QLabel* Label1;
-    QLabel* Label2;
-    rakeyard::ui::PathChooser* chooser;
-    QPushButton* Command1;  // OK
-    QPushButton* Command2;  // Cancel
-
 private:
-    void Command1_Click();
-    void Command2_Click();
-    AppState& state_;
-    Services& services_;
+    void Command1_Click() override;
+    void Command2_Click() override;
 };
 
 }  // namespace rakeyard::ui

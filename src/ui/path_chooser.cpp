@@ -5,8 +5,10 @@
 #include <QFileSystemModel>
 #include <QHBoxLayout>
 #include <QHeaderView>
+#include <QLabel>
 #include <QLineEdit>
 #include <QListView>
+#include <QPushButton>
 #include <QTreeView>
 #include <QVBoxLayout>
 
@@ -76,6 +78,32 @@ void PathChooser::File1_Click() {
     if (!files_) return;
     const QString file = files_->filePath(File1->currentIndex());
     if (!file.isEmpty()) Text1->setText(QDir::toNativeSeparators(file));
+}
+
+PathWindow::PathWindow(const PathWindowLook& look, AppState& state, Services& services,
+                       QWidget* parent)
+    : QDialog(parent), state_(state), services_(services) {
+    setObjectName(look.objectName);
+    setWindowTitle(look.title);
+    Label1 = textLabel("Label1", look.prompt, this);
+    if (!look.note.isEmpty()) Label2 = textLabel("Label2", look.note, this);
+    chooser = new PathChooser(this, look.fileFilters, look.executablesOnly);
+    Command1 = button("Command1", "OK", this);
+    Command2 = button("Command2", "Cancel", this);
+    Command1->setDefault(true);
+    auto* buttons = new QHBoxLayout();
+    buttons->addStretch(1);
+    buttons->addWidget(Command1);
+    buttons->addWidget(Command2);
+    auto* layout = new QVBoxLayout(this);
+    layout->addWidget(Label1);
+    if (Label2 && !look.noteBelowChooser) layout->addWidget(Label2);
+    layout->addWidget(chooser, 1);
+    if (Label2 && look.noteBelowChooser) layout->addWidget(Label2);
+    layout->addLayout(buttons);
+    resize(look.size);
+    connect(Command1, &QPushButton::clicked, this, [this] { Command1_Click(); });
+    connect(Command2, &QPushButton::clicked, this, [this] { Command2_Click(); });
 }
 
 }  // namespace rakeyard::ui

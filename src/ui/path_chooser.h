@@ -1,9 +1,17 @@
 #pragma once
+#include <QDialog>
+#include <QSize>
+#include <QStringList>
 #include <QWidget>
 
+#include "core/app/app_state.h"
+#include "core/platform/services.h"
+
 class QFileSystemModel;
+class QLabel;
 class QLineEdit;
 class QListView;
+class QPushButton;
 class QTreeView;
 
 namespace rakeyard::ui {
@@ -30,6 +38,40 @@ private:
     void File1_Click();
     QFileSystemModel* folders_;
     QFileSystemModel* files_ = nullptr;
+};
+
+// What sets one path window apart from the others.
+struct PathWindowLook {
+    QString objectName;
+    QString title;
+    QString prompt;  // Label1
+    QString note;    // Label2; none when empty
+    bool noteBelowChooser = false;
+    QStringList fileFilters;  // as PathChooser takes them
+    bool executablesOnly = false;
+    QSize size;
+};
+
+// The frame of the path windows frmPath, frmEditor, frmScrshots and frm3DViewer: the prompt
+// Label1, the note Label2 above or below the chooser, the chooser, and OK (Command1, the default
+// button) and Cancel (Command2) at the right. The buttons run Command1_Click and Command2_Click;
+// Cancel only closes the window unless a window does more.
+class PathWindow : public QDialog {
+    Q_OBJECT
+public:
+    QLabel* Label1;
+    QLabel* Label2 = nullptr;  // frm3DViewer has no note
+    PathChooser* chooser;
+    QPushButton* Command1;  // OK
+    QPushButton* Command2;  // Cancel
+
+protected:
+    PathWindow(const PathWindowLook& look, AppState& state, Services& services, QWidget* parent);
+    virtual void Command1_Click() = 0;
+    virtual void Command2_Click() { reject(); }
+
+    AppState& state_;
+    Services& services_;
 };
 
 }  // namespace rakeyard::ui

@@ -1,4 +1,5 @@
 #include <QLabel>
+#include <QLayout>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
@@ -9,9 +10,14 @@
 #include "core/app/app_state.h"
 #include "support/fakes.h"
 #include "support/msts_tree.h"
+#include "ui/frm3DViewer.h"
 #include "ui/frmAbout.h"
+#include "ui/frmEditor.h"
 #include "ui/frmLoadCon.h"
+#include "ui/frmPath.h"
 #include "ui/frmQtd.h"
+#include "ui/frmScrshots.h"
+#include "ui/path_chooser.h"
 
 using namespace rakeyard;
 
@@ -21,6 +27,8 @@ private Q_SLOTS:
     void numberBoxTakesDigitsOnlyAndCancelGivesZero();
     void chooserListsConsistsLoadsAndDeletes();
     void aboutLinkOpensTheHomePage();
+    void pathWindowsKeepTheirNamesCaptionsAndOrder();
+    void pathWindowButtonsRunEachWindowsOwnSteps();
 };
 
 void Windows::numberBoxTakesDigitsOnlyAndCancelGivesZero() {
@@ -86,6 +94,85 @@ void Windows::aboutLinkOpensTheHomePage() {
     QVERIFY(window.lblVersion->text().startsWith("Version "));
     QTest::mouseClick(window.lblHomePage, Qt::LeftButton);
     QCOMPARE(fake.desktop.urls, std::vector<std::string>{ui::frmAbout::kHomePage});
+}
+
+void Windows::pathWindowsKeepTheirNamesCaptionsAndOrder() {
+    test::FakeServices fake;
+    auto state = std::make_unique<AppState>();
+    struct Case {
+        std::unique_ptr<ui::PathWindow> window;
+        const char* name;
+        const char* title;
+        const char* prompt;
+        const char* noteStart;  // nullptr: no note
+        bool noteBelow;
+        bool listsFiles;
+    };
+    Case cases[] = {
+        {std::make_unique<ui::frmPath>(*state, fake.services), "frmPath", "MSTS path",
+         "Please select the main folder for MSTS", "Select the main folder", false, false},
+        {std::make_unique<ui::frmEditor>(*state, fake.services), "frmEditor", "Editor path",
+         "Please select the text editor program to edit files", "The text editor program", false,
+         true},
+        {std::make_unique<ui::frmScrshots>(*state, fake.services), "frmScrshots",
+         "Path for screenshots",
+         "Please select the path to save the pictures taken by your 3d viewer program",
+         "If you press \"Cancel\"", true, false},
+        {std::make_unique<ui::frm3DViewer>(*state, fake.services), "frm3DViewer", "3D viewer path",
+         "Please select the program to display 3D models", nullptr, false, true}};
+    for (const Case& c : cases) {
+        ui::PathWindow& window = *c.window;
+        QCOMPARE(window.objectName(), QString(c.name));
+        QCOMPARE(window.windowTitle(), QString(c.title));
+        QCOMPARE(window.findChild<QLabel*>("Label1")->text(), QString(c.prompt));
+        QCOMPARE(window.findChild<QPushButton*>("Command1")->text(), QString("OK"));
+        QCOMPARE(window.findChild<QPushButton*>("Command2")->text(), QString("Cancel"));
+        QVERIFY2(window.Command1->isDefault(), c.name);
+        QVERIFY2(window.findChild<QLineEdit*>("Text1"), c.name);
+        QCOMPARE(window.findChild<QWidget*>("File1") != nullptr, c.listsFiles);
+        auto* note = window.findChild<QLabel*>("Label2");
+        QCOMPARE(note != nullptr, c.noteStart != nullptr);
+        if (!note) continue;
+        QVERIFY2(note->text().startsWith(c.noteStart), c.name);
+        const int noteAt = window.layout()->indexOf(note);
+        const int chooserAt = window.layout()->indexOf(window.chooser);
+        QCOMPARE(noteAt > chooserAt, c.noteBelow);
+    }
+}
+
+void Windows::pathWindowButtonsRunEachWindowsOwnSteps() {
+    test::MstsTree msts;
+    test::FakeServices fake;
+    auto state = std::make_unique<AppState>();
+    state->paths.programFolder = msts.home();
+    std::filesystem::create_directories(msts.home());
+
+    // An empty MSTS box and Cancel end the program.
+    ui::frmPath mstsPath(*state, fake.services);
+    QCOMPARE(mstsPath.chooser->text(), QString());
+    QTest::mouseClick(mstsPath.Command2, Qt::LeftButton);
+    QVERIFY(mstsPath.endProgram());
+    QCOMPARE(mstsPath.result(), int(QDialog::Rejected));
+
+    // The editor must be a file; OK stays open until it is one.
+    const std::string editor = msts.writeBytes("editor", "#!/bin/sh\n");
+    ui::frmEditor editorWindow(*state, fake.services);
+    editorWindow.chooser->Text1->setText(QString::fromStdString(msts.home() + "/none"));
+    QTest::mouseClick(editorWindow.Command1, Qt::LeftButton);
+    QCOMPARE(editorWindow.result(), int(QDialog::Rejected));
+    QCOMPARE(fake.dialogs.shown.size(), std::size_t(1));
+    editorWindow.chooser->Text1->setText(QString::fromStdString(editor));
+    QTest::mouseClick(editorWindow.Command1, Qt::LeftButton);
+    QCOMPARE(editorWindow.result(), int(QDialog::Accepted));
+    QCOMPARE(state->paths.editorPath, editor);
+
+    // Cancel of the viewer window writes nothing.
+    const SettingsRecord before = state->settings;
+    ui::frm3DViewer viewer(*state, fake.services);
+    QTest::mouseClick(viewer.Command2, Qt::LeftButton);
+    QCOMPARE(viewer.result(), int(QDialog::Rejected));
+    QVERIFY(!viewer.screenshotsWanted());
+    QVERIFY(state->settings == before);
 }
 
 QTEST_MAIN(Windows)
