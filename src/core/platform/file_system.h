@@ -10,7 +10,6 @@ namespace rakeyard {
 struct DirEntry {
     std::string name;  // as on disk
     bool isFolder = false;
-    std::uintmax_t size = 0;
 };
 
 struct WriteResult {
@@ -34,7 +33,8 @@ public:
     [[nodiscard]] virtual std::optional<std::string> readFile(const std::string& path) = 0;
     // The one safe writer: a temporary file beside the target, flushed, renamed over it. On any
     // failure the old file stays whole and no temporary file is left behind.
-    [[nodiscard]] virtual WriteResult writeFile(const std::string& path, std::string_view bytes) = 0;
+    [[nodiscard]] virtual WriteResult writeFile(const std::string& path,
+                                                std::string_view bytes) = 0;
     // Appends to a report or log of the program's own (not a user's MSTS file).
     [[nodiscard]] virtual bool appendFile(const std::string& path, std::string_view bytes) = 0;
     [[nodiscard]] virtual bool removeFile(const std::string& path) = 0;

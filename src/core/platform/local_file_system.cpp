@@ -28,6 +28,7 @@ struct LocalFileSystem::CachedListing {
     bool settled = false;  // taken long enough after the last change to be trusted later
     std::vector<std::string> upperNames;
     std::vector<std::string> names;
+    std::vector<bool> isFolder;
 
     // The entry named `part` in any letter case: the exact name when the folder holds it, else
     // the first in listing order. Null when there is none.
@@ -59,11 +60,6 @@ fs::path toPath(const std::string& text) {
 std::string fromPath(const fs::path& path) {
     const std::u8string text = path.u8string();
     return std::string(text.begin(), text.end());
-}
-
-bool listsBefore(const std::string& upperA, const std::string& a, const std::string& upperB,
-                 const std::string& b) {
-    return upperA != upperB ? upperA < upperB : a < b;
 }
 
 std::FILE* openFile(const std::string& path, const char* mode) {
@@ -163,16 +159,27 @@ std::shared_ptr<const LocalFileSystem::CachedListing> LocalFileSystem::cachedLis
     auto listing = std::make_shared<CachedListing>();
     listing->modified = modified;
     listing->settled = fs::file_time_type::clock::now() - modified > kSettleTime;
-    std::vector<std::pair<std::string, std::string>> entries;
+    struct Entry {
+        std::string upper;
+        std::string name;
+        bool isFolder;
+        bool operator<(const Entry& other) const {
+            return upper != other.upper ? upper < other.upper : name < other.name;
+        }
+    };
+    std::vector<Entry> entries;
     for (fs::directory_iterator it(toPath(folder), ec), end; !ec && it != end; it.increment(ec)) {
         std::string name = fromPath(it->path().filename());
-        entries.emplace_back(upperAscii(name), std::move(name));
+        std::error_code typeError;  // an entry whose type can't be read counts as a file
+        const bool isFolder = it->is_directory(typeError);
+        entries.push_back({upperAscii(name), std::move(name), isFolder});
     }
     if (ec) return nullptr;
     std::sort(entries.begin(), entries.end());
-    for (auto& [upper, name] : entries) {
-        listing->upperNames.push_back(std::move(upper));
-        listing->names.push_back(std::move(name));
+    for (Entry& entry : entries) {
+        listing->upperNames.push_back(std::move(entry.upper));
+        listing->names.push_back(std::move(entry.name));
+        listing->isFolder.push_back(entry.isFolder);
     }
 
     std::lock_guard lock(cacheMutex_);
@@ -208,55 +215,71 @@ std::string LocalFileSystem::resolve(const std::string& path) {
     return resolved;
 }
 
+// Listings come from the cache that path resolution keeps, so a folder listed twice (as both
+// catalogue readers do) is read from the disk once while it is unchanged.
 std::vector<DirEntry> LocalFileSystem::listFolder(const std::string& folder) {
-    const fs::path where = toPath(resolve(folder));
-    std::vector<std::pair<std::string, DirEntry>> keyed;
-    std::error_code ec;
-    for (fs::directory_iterator it(where, ec), end; !ec && it != end; it.increment(ec)) {
-        DirEntry entry;
-        entry.name = fromPath(it->path().filename());
-        std::error_code entryError;
-        entry.isFolder = it->is_directory(entryError);
-        if (!entry.isFolder) entry.size = it->file_size(entryError);
-        if (entryError) entry.size = 0;
-        keyed.emplace_back(upperAscii(entry.name), std::move(entry));
+    const auto listing = cachedListing(existingPath(folder));
+    if (!listing) return {};
+    std::vector<DirEntry> entries(listing->names.size());
+    for (std::size_t i = 0; i < entries.size(); ++i) {
+        entries[i].name = listing->names[i];
+        entries[i].isFolder = listing->isFolder[i];
     }
-    if (ec) return {};
-    std::sort(keyed.begin(), keyed.end(), [](const auto& a, const auto& b) {
-        return listsBefore(a.first, a.second.name, b.first, b.second.name);
-    });
-    std::vector<DirEntry> entries;
-    entries.reserve(keyed.size());
-    for (auto& [upper, entry] : keyed)
-        entries.push_back(std::move(entry));
     return entries;
+}
+
+// The path on disk: as given when it names something there (paths built from listings
+// always do, and it spares the part-by-part resolution), else resolved.
+std::string LocalFileSystem::existingPath(const std::string& path) {
+    std::error_code ec;
+    const std::string native = nativeSeparators(path);
+    if (fs::exists(toPath(native), ec)) return native;
+    return resolve(path);
 }
 
 bool LocalFileSystem::isFolder(const std::string& path) {
     std::error_code ec;
-    return !path.empty() && fs::is_directory(toPath(resolve(path)), ec);
+    return !path.empty() && fs::is_directory(toPath(existingPath(path)), ec);
 }
 
 bool LocalFileSystem::isFile(const std::string& path) {
     std::error_code ec;
-    return !path.empty() && fs::is_regular_file(toPath(resolve(path)), ec);
+    return !path.empty() && fs::is_regular_file(toPath(existingPath(path)), ec);
 }
 
 std::optional<std::uintmax_t> LocalFileSystem::fileSize(const std::string& path) {
-    if (!isFile(path)) return std::nullopt;
+    if (path.empty()) return std::nullopt;
+    const fs::path where = toPath(existingPath(path));
     std::error_code ec;
-    const std::uintmax_t size = fs::file_size(toPath(resolve(path)), ec);
+    if (!fs::is_regular_file(where, ec)) return std::nullopt;
+    const std::uintmax_t size = fs::file_size(where, ec);
     if (ec) return std::nullopt;
     return size;
 }
 
 std::optional<std::string> LocalFileSystem::readFile(const std::string& path) {
-    if (!isFile(path)) return std::nullopt;
-    std::FILE* file = openFile(resolve(path), "rb");
+    if (path.empty()) return std::nullopt;
+    // One look at the disk for a path that is exact already, as paths from listings are.
+    std::error_code ec;
+    std::string where = nativeSeparators(path);
+    fs::file_status status = fs::status(toPath(where), ec);
+    if (!fs::exists(status)) {
+        where = resolve(path);
+        status = fs::status(toPath(where), ec);
+    }
+    if (!fs::is_regular_file(status)) return std::nullopt;
+    std::FILE* file = openFile(where, "rb");
     if (!file) return std::nullopt;
     std::string bytes;
-    char buffer[kChunkSize];
-    std::size_t got = 0;
+    // Read in one go when the size is known; a file that grows meanwhile is read to its end.
+    if (std::fseek(file, 0, SEEK_END) == 0) {
+        const long size = std::ftell(file);
+        if (size > 0) bytes.resize(static_cast<std::size_t>(size));
+    }
+    std::rewind(file);
+    std::size_t got = bytes.empty() ? 0 : std::fread(bytes.data(), 1, bytes.size(), file);
+    bytes.resize(got);
+    char buffer[4096];
     while ((got = std::fread(buffer, 1, sizeof buffer, file)) > 0)
         bytes.append(buffer, got);
     const bool failed = std::ferror(file) != 0;

