@@ -69,14 +69,14 @@ TEST_F(ConsistCommands, ShowGivesHeaderTotalsAndEveryUnitOfANormalConsist) {
 }
 
 TEST_F(ConsistCommands, ShowFindsNamesWithBlanksInAnyCaseWithOrWithoutExtension) {
-    for (const char* name :
-         {"RY Steam Special", "ry steam special.CON", "TRAINS/CONSISTS/RY Steam Special.con"}) {
+    for (const char* name : {"RY Steam Excursion", "ry steam excursion.CON",
+                             "TRAINS/CONSISTS/RY Steam Excursion.con"}) {
         const std::string argument =
             std::string(name).starts_with("TRAINS") ? msts + "/" + name : name;
-        const json special = show(argument);
-        EXPECT_EQ(special["fileName"], "RY Steam Special") << name;
-        EXPECT_EQ(special["wagons"], "4") << name;
-        EXPECT_EQ(special["slots"][1]["imageKey"], "TEN") << name;
+        const json excursion = show(argument);
+        EXPECT_EQ(excursion["fileName"], "RY Steam Excursion") << name;
+        EXPECT_EQ(excursion["wagons"], "4") << name;
+        EXPECT_EQ(excursion["slots"][1]["imageKey"], "TEN") << name;
     }
 }
 
@@ -176,7 +176,7 @@ TEST_F(ConsistCommands, CopyOverAnExistingConsistOverwritesOnlyWithYes) {
 }
 
 TEST_F(ConsistCommands, SampleConsistsAreInTheWritersExactLayout) {
-    for (const char* name : {"RY_Coal_Up", "RY Steam Special", "RY_PushPull"}) {
+    for (const char* name : {"RY_Coal_Up", "RY Steam Excursion", "RY_PushPull"}) {
         const std::string path = msts + "/TRAINS/CONSISTS/" + name + ".con";
         const std::string before = readWholeFile(path);
         const CliRun saved = cli({"consist", "copy", name, name, "--yes"});
