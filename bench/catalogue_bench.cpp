@@ -33,7 +33,7 @@ class OkDialogs : public rakeyard::Dialogs {
 public:
     void report(std::string_view, rakeyard::Icon, std::string_view) override {}
     rakeyard::Answer ask(std::string_view, rakeyard::Buttons buttons, rakeyard::Icon,
-                         std::string_view) override {
+                         rakeyard::Answer, std::string_view) override {
         return buttons == rakeyard::Buttons::YesNo ? rakeyard::Answer::Yes : rakeyard::Answer::Ok;
     }
 };

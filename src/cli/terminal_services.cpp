@@ -71,13 +71,6 @@ Answer negative(Buttons buttons) {
 
 }  // namespace
 
-Answer safeAnswer(std::string_view question, Buttons buttons) {
-    // Cancel at the end of a catalogue read deletes the start-up findings: OK keeps them.
-    if (question.find("Do you wish to save these errors to a file?") != std::string_view::npos)
-        return affirmative(buttons);
-    return negative(buttons);
-}
-
 void TerminalDialogs::print(std::string_view prefix, std::string_view text,
                             std::string_view suffix) {
     if (progress_) progress_->clearLine();
@@ -92,8 +85,8 @@ void TerminalDialogs::report(std::string_view text, Icon icon, std::string_view 
 }
 
 Answer TerminalDialogs::ask(std::string_view text, Buttons buttons, Icon /*icon*/,
-                            std::string_view /*title*/) {
-    Answer answer = safeAnswer(text, buttons);
+                            Answer safeAnswer, std::string_view /*title*/) {
+    Answer answer = safeAnswer;
     if (answer_ == DefaultAnswer::Yes) answer = affirmative(buttons);
     if (answer_ == DefaultAnswer::No) answer = negative(buttons);
     print("question: ", text, " -> " + std::string(answerText(answer)));

@@ -17,7 +17,7 @@ class TerminalDialogs : public Dialogs {
 public:
     TerminalDialogs(DefaultAnswer answer, std::FILE* out) : answer_(answer), out_(out) {}
     void report(std::string_view text, Icon icon, std::string_view title = {}) override;
-    Answer ask(std::string_view text, Buttons buttons, Icon icon,
+    Answer ask(std::string_view text, Buttons buttons, Icon icon, Answer safeAnswer,
                std::string_view title = {}) override;
     // Runs before each message, so that a progress bar can clear its line first.
     void setBeforeMessage(class TerminalProgress* progress) { progress_ = progress; }

@@ -171,7 +171,7 @@ void frmMain::deleteUnitOfList(QListWidget* list, QKeyEvent* key, bool engines) 
                       "will all be sent to the Recycle Bin!"
                     : "Do you really want to delete this wagon?\nThe files in its folder will "
                       "all be sent to the Recycle Bin!";
-        if (services_.dialogs.ask(question, Buttons::YesNo, Icon::Question) != Answer::Yes) return;
+        if (services_.dialogs.ask(question, Buttons::YesNo, Icon::Question, Answer::No) != Answer::Yes) return;
         const auto records = engines ? enginesOf(state_) : wagonsOf(state_);
         const auto index =
             findUnitByKey(records, keyOfLine(stdString(item->text())), KeyCase::Exact);
@@ -191,7 +191,8 @@ void frmMain::deleteUnitOfList(QListWidget* list, QKeyEvent* key, bool engines) 
 void frmMain::refreshCatalogue(bool engines) {
     runGuarded(services_.dialogs, [&] {
         if (state_.consist.consistChanged &&
-            services_.dialogs.ask("Save changes to the consist?", Buttons::YesNo, Icon::Question) ==
+            services_.dialogs.ask("Save changes to the consist?", Buttons::YesNo, Icon::Question,
+                                  Answer::No) ==
                 Answer::Yes)
             (void)saveConsist(state_, services_);
         state_.consist.consistChanged = false;

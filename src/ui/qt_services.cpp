@@ -50,7 +50,8 @@ void QtDialogs::report(std::string_view text, Icon icon, std::string_view title)
     box.exec();
 }
 
-Answer QtDialogs::ask(std::string_view text, Buttons buttons, Icon icon, std::string_view title) {
+Answer QtDialogs::ask(std::string_view text, Buttons buttons, Icon icon, Answer /*safeAnswer*/,
+                      std::string_view title) {
     QMessageBox::StandardButtons shown = QMessageBox::Ok;
     if (buttons == Buttons::OkCancel) shown = QMessageBox::Ok | QMessageBox::Cancel;
     if (buttons == Buttons::YesNo) shown = QMessageBox::Yes | QMessageBox::No;

@@ -31,7 +31,7 @@ public:
     // parentOf returns the window a box belongs to (may return nullptr).
     explicit QtDialogs(std::function<QWidget*()> parentOf = {}) : parentOf_(std::move(parentOf)) {}
     void report(std::string_view text, Icon icon, std::string_view title = {}) override;
-    Answer ask(std::string_view text, Buttons buttons, Icon icon,
+    Answer ask(std::string_view text, Buttons buttons, Icon icon, Answer safeAnswer,
                std::string_view title = {}) override;
 
 private:

@@ -18,7 +18,7 @@ using namespace rakeyard;
 class SilentDialogs : public Dialogs {
 public:
     void report(std::string_view, Icon, std::string_view) override {}
-    Answer ask(std::string_view, Buttons, Icon, std::string_view) override { return Answer::No; }
+    Answer ask(std::string_view, Buttons, Icon, Answer, std::string_view) override { return Answer::No; }
 };
 
 UnitRecord unit(const char* folder, const char* file, const char* type, float length) {

@@ -9,7 +9,8 @@ void FakeDialogs::report(std::string_view text, Icon icon, std::string_view titl
     shown.push_back({std::string(text), icon, std::string(title), false});
 }
 
-Answer FakeDialogs::ask(std::string_view text, Buttons buttons, Icon icon, std::string_view title) {
+Answer FakeDialogs::ask(std::string_view text, Buttons buttons, Icon icon, Answer /*safeAnswer*/,
+                        std::string_view title) {
     shown.push_back({std::string(text), icon, std::string(title), true});
     if (!answers.empty()) {
         const Answer answer = answers.front();

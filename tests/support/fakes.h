@@ -21,7 +21,8 @@ public:
         bool question;
     };
     void report(std::string_view text, Icon icon, std::string_view title) override;
-    Answer ask(std::string_view text, Buttons buttons, Icon icon, std::string_view title) override;
+    Answer ask(std::string_view text, Buttons buttons, Icon icon, Answer safeAnswer,
+               std::string_view title) override;
 
     std::vector<Shown> shown;
     std::deque<Answer> answers;              // taken in order

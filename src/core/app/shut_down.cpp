@@ -6,7 +6,8 @@ namespace rakeyard {
 namespace {
 
 bool userWantsToSave(Services& services) {
-    return services.dialogs.ask("Save changes to the consist?", Buttons::YesNo, Icon::Question) ==
+    return services.dialogs.ask("Save changes to the consist?", Buttons::YesNo, Icon::Question,
+                                 Answer::No) ==
            Answer::Yes;
 }
 

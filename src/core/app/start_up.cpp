@@ -114,8 +114,7 @@ void storeMainWindowPlace(AppState& state, Services& services, const WindowPlace
 StartUpResult changeMstsPath(AppState& state, Services& services, StartUpWindows& windows,
                              const std::string& oldMstsPath) {
     if (state.paths.mstsPath == oldMstsPath) return StartUpResult::Ready;
-    state.catalogue.engines.fill(EngineRecord{});
-    state.catalogue.wagons.fill(WagonRecord{});
+    clearCatalogue(state.catalogue);
     clearAll(state, services);
     return initProg(state, services, windows);
 }

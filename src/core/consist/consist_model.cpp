@@ -153,7 +153,8 @@ void checkCoupling(ConsistState& state, int j) {
 void clearAll(AppState& app, Services& services) {
     ConsistState& state = app.consist;
     if (state.consistChanged) {
-        if (services.dialogs.ask("Save changes to the consist?", Buttons::YesNo, Icon::Question) ==
+        if (services.dialogs.ask("Save changes to the consist?", Buttons::YesNo,
+                                 Icon::Question, Answer::No) ==
             Answer::Yes)
             (void)saveConsist(app, services);  // a refused save still clears
         state.consistChanged = false;

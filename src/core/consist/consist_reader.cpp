@@ -333,7 +333,7 @@ void loadConsistFile(AppState& app, Services& services) {
     if (!services.fs.isFile(path)) {
         const Answer answer =
             services.dialogs.ask("This consist does not exist! Do you wish to create a new one?",
-                                 Buttons::OkCancel, Icon::Stop);
+                                 Buttons::OkCancel, Icon::Stop, Answer::Cancel);
         if (answer == Answer::Ok) {
             clearAll(app, services);
             state.headerBoxes[0] = withoutLastFour(lastPathPart(state.consistToLoad));

@@ -137,7 +137,7 @@ bool saveConsist(AppState& app, Services& services) {
     const std::string path =
         services.fs.resolve(joinPath(app.paths.consistsPath, fileName + ".con"));
     if (services.fs.fileSize(path).value_or(0) > 0 &&
-        dialogs.ask("Overwrite this consist?", Buttons::YesNo, Icon::Question) != Answer::Yes)
+        dialogs.ask("Overwrite this consist?", Buttons::YesNo, Icon::Question, Answer::No) != Answer::Yes)
         return false;
     if (hasMissingUnit(state)) {
         dialogs.report(

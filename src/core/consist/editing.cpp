@@ -190,7 +190,8 @@ void deleteUnits(ConsistState& state, Dialogs& dialogs) {
     setNewPositions(state);
     refreshPics(state);
 
-    if (dialogs.ask("Do you wish to shift and clear the gaps?", Buttons::YesNo, Icon::Question) !=
+    if (dialogs.ask("Do you wish to shift and clear the gaps?", Buttons::YesNo, Icon::Question,
+                    Answer::No) !=
         Answer::Yes)
         return;
     int last = -1;

@@ -84,14 +84,16 @@ void offerToKeepStartErrors(const PathGlobals& paths, const UnitKind& kind, Serv
                                  "Do you wish to save these errors to a file?" + "\n" +
                                  "The report will be saved with the name StartErrors.txt under " +
                                  joinPath(paths.programFolder, "Reports");
-    if (services.dialogs.ask(question, Buttons::OkCancel, Icon::Exclamation) == Answer::Cancel)
+    if (services.dialogs.ask(question, Buttons::OkCancel, Icon::Exclamation, Answer::Ok) ==
+        Answer::Cancel)
         (void)services.fs.removeFile(startErrorsFile(paths));
 }
 
 void readUnitFiles(const UnitKind& kind, const PathGlobals& paths, std::span<UnitRecord> records,
-                   Services& services, bool debugMode, unsigned workerThreads) {
+                   std::size_t& count, Services& services, bool debugMode, unsigned workerThreads) {
     for (UnitRecord& record : records)
         record = UnitRecord{};
+    count = 0;
     const std::vector<UnitListing> listing = collectUnitFiles(paths, kind, services);
     if (listing.size() > kind.loadLimit) {
         services.dialogs.report(
@@ -133,6 +135,7 @@ void readUnitFiles(const UnitKind& kind, const PathGlobals& paths, std::span<Uni
     };
     forEachInOrder<UnitFileResult>(
         listing.size(), workerThreads == 0 ? defaultWorkerCount() : workerThreads, readOne, store);
+    count = next;
     if (errorsFound) offerToKeepStartErrors(paths, kind, services);
 }
 
@@ -148,12 +151,14 @@ void logStartError(FileSystem& fs, const PathGlobals& paths, std::string_view te
 
 void readEngineFiles(const PathGlobals& paths, UnitCatalogue& catalogue, Services& services,
                      bool debugMode, unsigned workerThreads) {
-    readUnitFiles(kEngines, paths, catalogue.engines, services, debugMode, workerThreads);
+    readUnitFiles(kEngines, paths, catalogue.engines, catalogue.engineCount, services, debugMode,
+                  workerThreads);
 }
 
 void readWagonFiles(const PathGlobals& paths, UnitCatalogue& catalogue, Services& services,
                     bool debugMode, unsigned workerThreads) {
-    readUnitFiles(kWagons, paths, catalogue.wagons, services, debugMode, workerThreads);
+    readUnitFiles(kWagons, paths, catalogue.wagons, catalogue.wagonCount, services, debugMode,
+                  workerThreads);
 }
 
 }  // namespace rakeyard
