@@ -51,7 +51,7 @@ int CliContext::startUp() {
     while (folder.size() > 1 && folder.back() == '/')
         folder.pop_back();
     state->paths.programFolder = folder;
-    if (!applyPathOptions(*this)) return kExitUsage;
+    if (!applyPathOptions(options, state->paths, services)) return kExitUsage;
 
     TerminalStartUpWindows windows(dialogs);
     const StartUpResult result = initProg(*state, services, windows);

@@ -2,7 +2,6 @@
 
 #include <filesystem>
 
-#include "cli/cli_context.h"
 #include "core/settings/path_windows.h"
 #include "core/settings/settings_file.h"
 
@@ -21,21 +20,19 @@ std::string wholePath(const std::string& given) {
 
 }  // namespace
 
-bool applyPathOptions(CliContext& context) {
-    const GlobalOptions& options = context.options;
+bool applyPathOptions(const GlobalOptions& options, PathGlobals& paths, Services& services) {
     if (!options.msts && !options.editor && !options.viewer) return true;
-    AppState& state = *context.state;
-    SettingsRecord record = readSettings(context.fs, state.paths.programFolder);
-    if (options.msts && acceptMstsPath(wholePath(*options.msts), record, state.paths,
-                                       context.services) == WindowOutcome::Stay)
+    SettingsRecord record = readSettings(services.fs, paths.programFolder);
+    if (options.msts &&
+        acceptMstsPath(wholePath(*options.msts), record, paths, services) == WindowOutcome::Stay)
         return false;
-    if (options.editor && acceptEditorPath(wholePath(*options.editor), record, state.paths,
-                                           context.services) == WindowOutcome::Stay)
+    if (options.editor && acceptEditorPath(wholePath(*options.editor), record, paths, services) ==
+                              WindowOutcome::Stay)
         return false;
     if (options.viewer) {
         if (*options.viewer == "NO" || *options.viewer == "no")
-            return declineViewer(record, state.paths, context.services);
-        if (acceptViewerPath(wholePath(*options.viewer), record, state.paths, context.services) ==
+            return declineViewer(record, paths, services);
+        if (acceptViewerPath(wholePath(*options.viewer), record, paths, services) ==
             ViewerOutcome::Stay)
             return false;
     }

@@ -5,7 +5,6 @@
 
 #include "ui/Defeditor.h"
 #include "ui/SFVOption.h"
-#include "ui/frmMain.h"
 #include "ui/frmPath.h"
 #include "ui/frmScrshots.h"
 #include "ui/qt_services.h"
@@ -28,7 +27,7 @@ private:
     bool wasBusy_;
 };
 
-QWidget* ownerOf(frmMain& main) {
+QWidget* ownerOf(QWidget& main) {
     return main.isVisible() ? &main : nullptr;
 }
 

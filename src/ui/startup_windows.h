@@ -1,14 +1,14 @@
 #pragma once
+#include <QWidget>
+
 #include "core/app/start_up.h"
 
 namespace rakeyard::ui {
 
-class frmMain;
-
-// The windows start-up shows, blocking, in front of the main window.
+// The windows start-up shows, blocking, in front of the main window (once it is shown).
 class QtStartUpWindows : public StartUpWindows {
 public:
-    QtStartUpWindows(frmMain& main, AppState& state, Services& services)
+    QtStartUpWindows(QWidget& main, AppState& state, Services& services)
         : main_(main), state_(state), services_(services) {}
     bool showPathWindow() override;
     void showDefaultEditorWindow() override;
@@ -17,7 +17,7 @@ public:
     void setViewerButton(bool enabled, std::string_view toolTip) override;
 
 private:
-    frmMain& main_;
+    QWidget& main_;
     AppState& state_;
     Services& services_;
 };
