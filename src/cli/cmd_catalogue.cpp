@@ -15,7 +15,6 @@ void printCatalogueJson(std::span<const UnitRecord> records, bool engines,
                         const std::string& filter) {
     Json list = Json::array();
     for (const UnitRecord& record : records) {
-        if (record.fileName.empty()) break;
         if (engines ? engineShown(record, filter) : wagonShown(record, filter))
             list.push_back(catalogueRecordJson(record));
     }
@@ -36,7 +35,7 @@ int runCatalogue(CliContext& context, CommandArguments& arguments, bool engines)
         filterOption ? *filterOption : (engines ? paths.engineFilter : paths.wagonFilter);
     const UnitCatalogue& catalogue = context.state->catalogue;
     const std::span<const UnitRecord> records =
-        engines ? std::span<const UnitRecord>(catalogue.engines) : catalogue.wagons;
+        usedRecords(catalogue, engines ? UnitClass::Engine : UnitClass::Wagon);
     if (context.options.json) {
         printCatalogueJson(records, engines, filter);
         return kExitDone;

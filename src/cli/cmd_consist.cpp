@@ -102,7 +102,11 @@ void printPendingWarning(CliContext& context) {
 // Saves the consist under name; kExitFound when the save refused.
 int saveAs(CliContext& context, const std::string& name) {
     context.state->consist.headerBoxes[0] = consistFileBoxText(name);
-    return saveConsist(*context.state, context.services) ? kExitDone : kExitFound;
+    const SaveResult saved = saveConsist(*context.state, context.services);
+    if (saved.outcome == SaveOutcome::Declined)
+        context.dialogs.report("The consist was not saved: nothing was written.",
+                               Icon::Exclamation);
+    return saved ? kExitDone : kExitFound;
 }
 
 }  // namespace
@@ -139,20 +143,19 @@ int runConsistNew(CliContext& context, CommandArguments& arguments) {
     AppState& state = *context.state;
     std::vector<NamedUnit> units;
     for (auto name = operands.begin() + 1; name != operands.end(); ++name) {
-        const std::optional<NamedUnit> unit = findNamedUnit(state.catalogue, *name);
-        if (!unit) {
+        const NamedUnitResult found = findNamedUnit(state.catalogue, *name);
+        if (!found.ambiguity.empty()) return usageError(context, found.ambiguity);
+        if (!found.unit) {
             context.dialogs.report("Unknown unit: " + *name, Icon::Stop);
             return kExitFound;
         }
-        units.push_back(*unit);
+        units.push_back(*found.unit);
     }
     clearAll(state, context.services);
     for (const NamedUnit& unit : units) {
-        if (unit.isEngine) {
-            locList_DblClick(state, "^" + state.catalogue.engines[unit.index].fileName);
-        } else {
-            wagList_DblClick(state, "^" + state.catalogue.wagons[unit.index].fileName);
-        }
+        const auto records =
+            usedRecords(state.catalogue, unit.isEngine ? UnitClass::Engine : UnitClass::Wagon);
+        addCatalogueUnit(state.consist, records[unit.index], unit.isEngine);
         printPendingWarning(context);
     }
     return saveAs(context, operands[0]);

@@ -3,6 +3,7 @@
 #include <filesystem>
 #include <span>
 
+#include "core/msts/find_unit.h"
 #include "core/platform/paths.h"
 #include "core/platform/text_utf.h"
 
@@ -14,20 +15,29 @@ bool endsWithNoCase(std::string_view text, std::string_view ending) {
            upperAscii(text.substr(text.size() - ending.size())) == upperAscii(ending);
 }
 
-int findInCatalogue(std::span<const UnitRecord> catalogue, std::string_view fileName,
-                    std::string_view folder) {
-    const std::string wanted = upperAscii(fileName);
-    for (std::size_t i = 0; i < catalogue.size() && !catalogue[i].fileName.empty(); ++i) {
-        if (upperAscii(catalogue[i].fileName) != wanted) continue;
-        if (folder.empty() || upperAscii(catalogue[i].folderName) == upperAscii(folder))
-            return static_cast<int>(i);
-    }
-    return -1;
+// The matches of one catalogue: the exact one if there is one, else the only one, else all
+// (ambiguous), or none.
+std::vector<std::size_t> matchesOf(std::span<const UnitRecord> records, std::string_view fileName,
+                                   std::string_view folder) {
+    std::vector<std::size_t> found = findUnits(records, fileName, folder);
+    for (std::size_t index : found)
+        if (records[index].fileName == fileName) return {index};
+    return found;
+}
+
+NamedUnitResult resultOf(std::span<const UnitRecord> records, const std::vector<std::size_t>& found,
+                         bool isEngine) {
+    if (found.size() == 1) return {NamedUnit{isEngine, static_cast<int>(found.front())}, ""};
+    std::string names;
+    for (std::size_t index : found)
+        names += (names.empty() ? "" : " and ") +
+                 joinPath(records[index].folderName, records[index].fileName);
+    return {std::nullopt, names + " differ only in letter case: write the name exactly"};
 }
 
 }  // namespace
 
-std::optional<NamedUnit> findNamedUnit(const UnitCatalogue& catalogue, std::string_view name) {
+NamedUnitResult findNamedUnit(const UnitCatalogue& catalogue, std::string_view name) {
     bool engines = true;
     bool wagons = true;
     if (name.starts_with("eng:")) wagons = false;
@@ -49,16 +59,16 @@ std::optional<NamedUnit> findNamedUnit(const UnitCatalogue& catalogue, std::stri
         engines = false;
         stem.resize(stem.size() - 4);
     }
-    if (stem.empty()) return std::nullopt;
-    if (engines) {
-        if (int index = findInCatalogue(catalogue.engines, stem + ".eng", folder); index >= 0)
-            return NamedUnit{true, index};
+    if (stem.empty()) return {};
+    for (const bool isEngine : {true, false}) {
+        if (!(isEngine ? engines : wagons)) continue;
+        const auto records =
+            usedRecords(catalogue, isEngine ? UnitClass::Engine : UnitClass::Wagon);
+        const std::string fileName = stem + (isEngine ? ".eng" : ".wag");
+        const std::vector<std::size_t> found = matchesOf(records, fileName, folder);
+        if (!found.empty()) return resultOf(records, found, isEngine);
     }
-    if (wagons) {
-        if (int index = findInCatalogue(catalogue.wagons, stem + ".wag", folder); index >= 0)
-            return NamedUnit{false, index};
-    }
-    return std::nullopt;
+    return {};
 }
 
 std::string consistPathOf(FileSystem& fs, const PathGlobals& paths, std::string_view argument) {

@@ -14,10 +14,19 @@ struct NamedUnit {
     int index = -1;  // in its catalogue
 };
 
+// What a unit name on the command line came to: the unit, or why there is none. An ambiguous
+// name is bad usage; an unknown one is not.
+struct NamedUnitResult {
+    std::optional<NamedUnit> unit;
+    std::string ambiguity;  // "" unless two units differ from the name only in letter case
+};
+
 // Finds a unit by its file name, with or without ".eng"/".wag", in any letter case. "eng:" or
 // "wag:" in front picks the catalogue; else an engine of that name is taken first, then a
 // wagon. A folder in front ("RY_Wagons/RY_Coal16t", "/" or "\") must be the unit's folder.
-std::optional<NamedUnit> findNamedUnit(const UnitCatalogue& catalogue, std::string_view name);
+// A name written exactly as a unit's wins; two units that differ only in case and match none
+// exactly leave the name ambiguous.
+[[nodiscard]] NamedUnitResult findNamedUnit(const UnitCatalogue& catalogue, std::string_view name);
 
 // The consist file an argument names: a path (with or without ".con"), or a name in the
 // Consists folder with or without ".con"; "/" and "\" alike, any letter case. The path is as

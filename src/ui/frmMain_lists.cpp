@@ -24,11 +24,11 @@ namespace rakeyard::ui {
 namespace {
 
 std::span<const UnitRecord> enginesOf(const AppState& state) {
-    return state.catalogue.engines;
+    return usedRecords(state.catalogue, UnitClass::Engine);
 }
 
 std::span<const UnitRecord> wagonsOf(const AppState& state) {
-    return state.catalogue.wagons;
+    return usedRecords(state.catalogue, UnitClass::Wagon);
 }
 
 }  // namespace

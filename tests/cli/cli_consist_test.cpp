@@ -2,6 +2,9 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <filesystem>
+#include <fstream>
+#include <map>
 #include <nlohmann/json.hpp>
 
 #include "cli/cli_runner.h"
@@ -167,6 +170,8 @@ TEST_F(ConsistCommands, CopyOverAnExistingConsistOverwritesOnlyWithYes) {
     const CliRun declined = cli({"consist", "copy", "RY_Coal_Up", "RY_PushPull"});
     EXPECT_EQ(declined.status, 1);
     EXPECT_THAT(declined.err, HasSubstr("question: Overwrite this consist? -> No"));
+    EXPECT_THAT(declined.err,
+                HasSubstr("warning: The consist was not saved: nothing was written."));
     EXPECT_EQ(readWholeFile(msts + "/TRAINS/CONSISTS/RY_PushPull.con"), before);
 
     const CliRun accepted = cli({"consist", "copy", "RY_Coal_Up", "RY_PushPull", "--yes"});
@@ -190,6 +195,49 @@ TEST_F(ConsistCommands, CopyOfAConsistWithAMissingUnitIsRefused) {
     EXPECT_EQ(run.status, 1);
     EXPECT_THAT(run.err, HasSubstr("This consist contains unit(s) not found!"));
     EXPECT_FALSE(consistExists("Tanks Copy.con"));
+}
+
+// Every file under a folder, with its bytes.
+std::map<std::string, std::string> filesUnder(const std::string& root) {
+    std::map<std::string, std::string> files;
+    for (const auto& entry : std::filesystem::recursive_directory_iterator(root))
+        if (entry.is_regular_file()) files[entry.path().string()] = readWholeFile(entry.path());
+    return files;
+}
+
+TEST_F(ConsistCommands, NamesThatAreNotPlainFileNamesAreRefusedWithNothingWritten) {
+    const auto before = filesUnder(msts);
+    for (const char* name : {"../x", "../../escaped", "a/b", "a\\b", "CON", "lpt1.txt", "x?",
+                             "name.", "name ", "C:x", "tab\there"}) {
+        const CliRun copied = cli({"consist", "copy", "RY_Coal_Up", name, "--yes"});
+        EXPECT_EQ(copied.status, 1) << name;
+        EXPECT_THAT(copied.err, HasSubstr("cannot be the name of a consist file")) << name;
+        const CliRun made = cli({"consist", "new", name, "RY_Class37", "--yes"});
+        EXPECT_EQ(made.status, 1) << name;
+        EXPECT_TRUE(filesUnder(msts) == before) << name;
+    }
+}
+
+TEST_F(ConsistCommands, AUnitNameMatchingTwoUnitsByCaseOnlyMustBeExact) {
+    const std::string folder = msts + "/TRAINS/TRAINSET/RY_Class37/";
+    const std::string original = readWholeFile(folder + "RY_Class37.eng");
+    for (const std::string name : {"ry_class37", "RY_CLASS37"}) {
+        std::string copy = original;
+        const std::string line = utf16Bytes("Wagon ( RY_Class37");
+        copy.replace(copy.find(line), line.size(), utf16Bytes("Wagon ( " + name));
+        std::ofstream(folder + name + ".eng", std::ios::binary) << copy;
+    }
+
+    const CliRun exact = cli({"consist", "new", "Exact", "eng:ry_class37"});
+    ASSERT_EQ(exact.status, 0) << exact.err;
+    EXPECT_THAT(readWholeFile(msts + "/TRAINS/CONSISTS/Exact.con"),
+                HasSubstr(utf16Bytes("EngineData ( ry_class37 RY_Class37 )")));
+
+    const CliRun ambiguous = cli({"consist", "new", "Vague", "eng:Ry_Class37"});
+    EXPECT_EQ(ambiguous.status, 2);
+    EXPECT_THAT(ambiguous.err, HasSubstr("RY_CLASS37.eng"));
+    EXPECT_THAT(ambiguous.err, HasSubstr("ry_class37.eng"));
+    EXPECT_FALSE(consistExists("Vague.con"));
 }
 
 }  // namespace

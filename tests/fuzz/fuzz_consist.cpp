@@ -42,6 +42,7 @@ AppState& sharedApp() {
         made->catalogue.engines[1] = unit("Big Boy", "Big Boy.eng", "STEAM", 40);
         made->catalogue.wagons[0] = unit("Box", "Box.wag", "Freight", 15.5f);
         made->catalogue.wagons[1] = unit("Tend(1)", "tend(1).wag", "Tender", 12);
+        made->catalogue.engineCount = made->catalogue.wagonCount = 2;
         return made;
     }();
     return *app;

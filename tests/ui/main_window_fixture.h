@@ -52,6 +52,8 @@ struct MainWindowFixture {
         for (auto* records :
              {&engines[0], &engines[1], &wagons[0], &wagons[1], &wagons[2], &wagons[3]})
             records->folderPath = msts.trainset() + "/" + records->folderName;
+        state->catalogue.engineCount = 2;
+        state->catalogue.wagonCount = 4;
         window = std::make_unique<ui::frmMain>(*state, fake.services);
         window->showUnitLists();
         window->show();

@@ -45,7 +45,7 @@ public:
 
 private:
     void build() {
-        for (std::size_t i = 0; i < records_.size() && !records_[i].fileName.empty(); ++i)
+        for (std::size_t i = 0; i < records_.size(); ++i)
             byName_.emplace(upperAscii(records_[i].fileName), i);
         built_ = true;
     }
@@ -78,7 +78,8 @@ std::optional<std::u16string> trainCfgWord(std::u16string_view line) {
 class BodyReader {
 public:
     explicit BodyReader(AppState& app)
-        : app_(app), engines_(app.catalogue.engines), wagons_(app.catalogue.wagons) {}
+        : app_(app), engines_(usedRecords(app.catalogue, UnitClass::Engine)),
+          wagons_(usedRecords(app.catalogue, UnitClass::Wagon)) {}
 
     // Applies every rule that matches the line; false for a damaged line.
     [[nodiscard]] bool read(std::u16string_view line) {

@@ -5,6 +5,7 @@
 #include "core/consist/consist_model.h"
 #include "core/consist/editing.h"
 #include "core/consist/image_keys.h"
+#include "core/platform/file_names.h"
 #include "core/platform/paths.h"
 #include "core/platform/text_utf.h"
 
@@ -118,12 +119,12 @@ std::string consistFileBytes(const ConsistState& state) {
     return bytes;
 }
 
-bool saveConsist(AppState& app, Services& services) {
+SaveResult saveConsist(AppState& app, Services& services) {
     ConsistState& state = app.consist;
     Dialogs& dialogs = services.dialogs;
     if (isEmptyConsist(state)) {
         dialogs.report("The consist is empty!", Icon::Exclamation);
-        return false;
+        return {SaveOutcome::Refused};
     }
     if (closeGaps(state)) {
         dialogs.report("This consist contained gaps and one or more units had to be shifted!",
@@ -132,19 +133,27 @@ bool saveConsist(AppState& app, Services& services) {
     const std::string& fileName = state.headerBoxes[0];
     if (fileName.empty()) {
         dialogs.report("You must provide a file name for this consist!", Icon::Exclamation);
-        return false;
+        return {SaveOutcome::Refused};
+    }
+    std::string problem = fileNameProblem(fileName);
+    if (problem.empty()) problem = fileNameProblem(fileName + ".con");
+    if (!problem.empty()) {
+        dialogs.report("\"" + fileName + "\" cannot be the name of a consist file.\n" + problem,
+                       Icon::Exclamation);
+        return {SaveOutcome::Refused};
     }
     const std::string path =
         services.fs.resolve(joinPath(app.paths.consistsPath, fileName + ".con"));
     if (services.fs.fileSize(path).value_or(0) > 0 &&
-        dialogs.ask("Overwrite this consist?", Buttons::YesNo, Icon::Question, Answer::No) != Answer::Yes)
-        return false;
+        dialogs.ask("Overwrite this consist?", Buttons::YesNo, Icon::Question, Answer::No) !=
+            Answer::Yes)
+        return {SaveOutcome::Declined};
     if (hasMissingUnit(state)) {
         dialogs.report(
             "This consist contains unit(s) not found!\n"
             "You must erase it from the consist before saving.",
             Icon::Exclamation);
-        return false;
+        return {SaveOutcome::Refused};
     }
 
     const bool wasChanged = state.consistChanged;
@@ -153,9 +162,9 @@ bool saveConsist(AppState& app, Services& services) {
     if (!written) {
         state.consistChanged = wasChanged;
         dialogs.report("The consist could not be saved:\n" + written.message, Icon::Stop);
-        return false;
+        return {SaveOutcome::Failed};
     }
-    return true;
+    return {SaveOutcome::Saved};
 }
 
 }  // namespace rakeyard

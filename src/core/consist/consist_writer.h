@@ -15,11 +15,20 @@ std::string consistFileBytes(const ConsistState& state);
 // the highest uid itself when all 300 slots are used.
 long long nextWagonUid(const ConsistState& state);
 
+// How a save ended. Refused: the consist or its name could not be saved (told to the user);
+// Declined: the user kept the file already there; Failed: the write failed (told).
+enum class SaveOutcome { Saved, Refused, Declined, Failed };
+struct SaveResult {
+    SaveOutcome outcome = SaveOutcome::Refused;
+    explicit operator bool() const { return outcome == SaveOutcome::Saved; }
+};
+
 // Saves the consist as "<Consists folder>/<Text2(0)>.con". Refuses an empty consist, a missing
-// file name, an overwrite the user declines and units missing from the catalogue, each with its
-// message; gaps are closed first (and stay closed even when the save is refused then). The file
-// is written whole or not at all: a failed write is told to the user, the old file stays and
-// consistChanged stays set. True when the file was written.
-[[nodiscard]] bool saveConsist(AppState& app, Services& services);
+// file name or one that is not a plain file name (a folder, "..", a name Windows forbids), an
+// overwrite the user declines and units missing from the catalogue, each with its message; gaps
+// are closed first (and stay closed even when the save is refused then). The file is written
+// whole or not at all: a failed write is told to the user, the old file stays and
+// consistChanged stays set.
+[[nodiscard]] SaveResult saveConsist(AppState& app, Services& services);
 
 }  // namespace rakeyard

@@ -48,20 +48,17 @@ void storeUnit(ConsistSlot& slot, const UnitRecord& unit, bool isEngine, long lo
     slot.position = static_cast<std::int16_t>(j + 1);
 }
 
-void addFromList(AppState& app, std::string_view listLine, bool isEngine) {
-    ConsistState& state = app.consist;
-    if (state.currentPage > kLastPage) return;
+// Opens a place in front of the page's selected unit, if any; false past the last page.
+bool openPlaceForUnit(ConsistState& state) {
+    if (state.currentPage > kLastPage) return false;
     const int selected = selectedScreenSlot(state);
     if (selected < kSlotsPerPage) insertUnit(state, selected);
     state.savedPage = state.currentPage;
     state.consistChanged = true;
+    return true;
+}
 
-    const std::span<const UnitRecord> catalogue =
-        isEngine ? std::span<const UnitRecord>(app.catalogue.engines)
-                 : std::span<const UnitRecord>(app.catalogue.wagons);
-    const std::optional<std::size_t> found = findUnitByKey(catalogue, keyOfLine(listLine));
-    if (!found) return;
-    const UnitRecord& unit = catalogue[*found];
+void placeUnit(ConsistState& state, const UnitRecord& unit, bool isEngine) {
     const long long uid = highestUid(state) + 1;
     if (isEngine && !unit.hasCab) state.pendingWarning = kNonDriveable;
 
@@ -78,6 +75,14 @@ void addFromList(AppState& app, std::string_view listLine, bool isEngine) {
     checkCoupling(state, j);
     state.currentPage = state.savedPage;
     refreshPics(state);
+}
+
+void addFromList(AppState& app, std::string_view listLine, bool isEngine) {
+    if (!openPlaceForUnit(app.consist)) return;
+    const std::span<const UnitRecord> catalogue =
+        usedRecords(app.catalogue, isEngine ? UnitClass::Engine : UnitClass::Wagon);
+    const std::optional<std::size_t> found = findUnitByKey(catalogue, keyOfLine(listLine));
+    if (found) placeUnit(app.consist, catalogue[*found], isEngine);
 }
 
 // Slot 0's uid as the renumbering's first number, rounded as a whole-number conversion does.
@@ -106,6 +111,10 @@ void insertUnit(ConsistState& state, int index) {
         }
     }
     refreshPics(state);
+}
+
+void addCatalogueUnit(ConsistState& state, const UnitRecord& unit, bool isEngine) {
+    if (openPlaceForUnit(state)) placeUnit(state, unit, isEngine);
 }
 
 void locList_DblClick(AppState& app, std::string_view listLine) {
@@ -191,8 +200,7 @@ void deleteUnits(ConsistState& state, Dialogs& dialogs) {
     refreshPics(state);
 
     if (dialogs.ask("Do you wish to shift and clear the gaps?", Buttons::YesNo, Icon::Question,
-                    Answer::No) !=
-        Answer::Yes)
+                    Answer::No) != Answer::Yes)
         return;
     int last = -1;
     for (int i = kConsistSlots - 1; i >= 0 && last < 0; --i) {

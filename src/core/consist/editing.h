@@ -24,6 +24,8 @@ void insertUnit(ConsistState& state, int index);
 // full. A full consist takes no more.
 void locList_DblClick(AppState& app, std::string_view listLine);
 void wagList_DblClick(AppState& app, std::string_view listLine);
+// The same for a catalogue unit already found.
+void addCatalogueUnit(ConsistState& state, const UnitRecord& unit, bool isEngine);
 
 // Adds the wagon of a wagList line many times, in front of the page's selected unit or on the
 // next page, then renumbers the UiDs. askNumber shows frmQtd with the wagon's name and returns

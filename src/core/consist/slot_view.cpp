@@ -62,7 +62,7 @@ void dropFromSelection(ConsistState& state, const ConsistSlot& slot) {
 
 int findInCatalogue(std::span<const UnitRecord> catalogue, const ConsistSlot& slot) {
     const std::string wanted = upperAscii(slot.fileName);
-    for (std::size_t i = 0; i < catalogue.size() && !catalogue[i].fileName.empty(); ++i) {
+    for (std::size_t i = 0; i < catalogue.size(); ++i) {
         if (upperAscii(catalogue[i].fileName) == wanted &&
             catalogue[i].folderPath == slot.folderPath)
             return static_cast<int>(i);
@@ -147,14 +147,14 @@ UnitLookup Label1_Click(const AppState& app, Dialogs& dialogs, int index) {
     UnitLookup lookup;
     lookup.fileName = slot->fileName;
     if (isEngineType(slot->unitType)) {
-        lookup.catalogueIndex = findInCatalogue(app.catalogue.engines, *slot);
+        lookup.catalogueIndex = findInCatalogue(usedRecords(app.catalogue, UnitClass::Engine), *slot);
         if (lookup.catalogueIndex < 0) {
             dialogs.report("The unit does not exist!", Icon::Stop);
             return {};
         }
         lookup.list = UnitLookup::List::Engines;
     } else {
-        lookup.catalogueIndex = findInCatalogue(app.catalogue.wagons, *slot);
+        lookup.catalogueIndex = findInCatalogue(usedRecords(app.catalogue, UnitClass::Wagon), *slot);
         if (lookup.catalogueIndex < 0) {
             dialogs.report("This unit does not exist!", Icon::Stop);
             return {};

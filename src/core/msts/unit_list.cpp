@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "core/msts/find_unit.h"
 #include "core/platform/paths.h"
 #include "core/platform/text_utf.h"
 
@@ -17,10 +18,7 @@ std::vector<std::string> listLines(std::span<const UnitRecord> records, bool isE
                                    Shown shown) {
     std::vector<std::string> lines;
     for (const UnitRecord& record : records) {
-        if (record.fileName.empty()) break;
         if (!shown(record)) continue;
-        // A record left half-written by a refused file has no name: the list ends there.
-        if (record.displayName.empty()) break;
         lines.push_back(unitListLine(record, isEngine));
     }
     std::vector<std::pair<std::string, std::string>> keyed;
@@ -92,11 +90,9 @@ std::string keyOfLine(std::string_view line) {
 
 std::optional<std::size_t> findUnitByKey(std::span<const UnitRecord> records, std::string_view key,
                                          KeyCase keyCase) {
-    const std::string wanted = keyCase == KeyCase::Ignore ? upperAscii(key) : std::string(key);
-    for (std::size_t i = 0; i < records.size() && !records[i].fileName.empty(); ++i) {
-        const std::string& name = records[i].fileName;
-        if ((keyCase == KeyCase::Ignore ? upperAscii(name) : name) == wanted) return i;
-    }
+    if (keyCase == KeyCase::Ignore) return findUnit(records, key);
+    for (std::size_t i = 0; i < records.size(); ++i)
+        if (records[i].fileName == key) return i;
     return std::nullopt;
 }
 
@@ -104,7 +100,7 @@ std::optional<std::size_t> findUnitOfLine(std::span<const UnitRecord> records,
                                           std::string_view line) {
     const std::string wanted = upperAscii(keyOfLine(line));
     const std::string shownName = trimBlanks(line.substr(0, line.find('[')));
-    for (std::size_t i = 0; i < records.size() && !records[i].fileName.empty(); ++i) {
+    for (std::size_t i = 0; i < records.size(); ++i) {
         if (upperAscii(records[i].fileName) == wanted &&
             records[i].displayName.find(shownName) != std::string::npos)
             return i;

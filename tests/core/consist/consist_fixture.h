@@ -29,6 +29,8 @@ protected:
         w[0] = unit("Box", "Box.wag", "Freight", "A", "A", 30.01f, 15.5f, false);
         w[1] = unit("Coach", "Coach.wag", "Carriage", "A", "A", 45, 24, false);
         w[2] = unit("Tend(1)", "Tend(1).wag", "Tender", "B", "B", 80, 12, false);
+        app->catalogue.engineCount = 4;
+        app->catalogue.wagonCount = 3;
     }
 
     UnitRecord unit(const std::string& folder, const std::string& file, const std::string& type,

@@ -253,14 +253,11 @@ TEST_F(LoadConsist, RealConsistsLoadAndSurviveASave) {
             std::istringstream words(toUtf8(line.substr(line.find(u'(') + 1)));
             std::string file, folderName;
             words >> file >> folderName;
-            const std::span<UnitRecord> list = isEngine
-                                                   ? std::span<UnitRecord>(fresh->catalogue.engines)
-                                                   : std::span<UnitRecord>(fresh->catalogue.wagons);
-            std::size_t i = 0;
-            while (!list[i].fileName.empty())
-                ++i;
-            list[i] = unit(folderName, file + (isEngine ? ".eng" : ".wag"),
-                           isEngine ? "Electric" : "Carriage", "A", "A", 50, 20, true);
+            UnitCatalogue& catalogue = fresh->catalogue;
+            std::size_t& count = isEngine ? catalogue.engineCount : catalogue.wagonCount;
+            (isEngine ? catalogue.engines.data() : catalogue.wagons.data())[count++] =
+                unit(folderName, file + (isEngine ? ".eng" : ".wag"),
+                     isEngine ? "Electric" : "Carriage", "A", "A", 50, 20, true);
             ++units;
         }
         fresh->consist.consistToLoad = entry.path().string();

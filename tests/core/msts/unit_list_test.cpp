@@ -81,14 +81,6 @@ TEST(ReadEngFilter, AIListIsEmptyWhenEveryEngineHasACab) {
     EXPECT_TRUE(readEngFilter(engines, "AI").empty());
 }
 
-TEST(ReadEngFilter, EndsAtTheCatalogueEndOrANamelessShownRecord) {
-    std::vector<UnitRecord> engines = {unit("A.eng", "A", "Diesel"), unit("B.eng", "", "Steam"),
-                                       unit("C.eng", "C", "Diesel"), UnitRecord{},
-                                       unit("D.eng", "D", "Diesel")};
-    EXPECT_EQ(readEngFilter(engines, "Diesel").size(), 2u);  // B is not shown, so no end
-    EXPECT_EQ(readEngFilter(engines, "All").size(), 1u);
-}
-
 TEST(ReadWagFilter, HasNoAIWordAndSortsUpperCasedThenExact) {
     const std::vector<UnitRecord> wagons = {
         unit("X.wag", "b_box", "Freight", false), unit("X.wag", "B_box", "Freight", false),
@@ -104,8 +96,7 @@ TEST(ReadWagFilter, HasNoAIWordAndSortsUpperCasedThenExact) {
 TEST(FindUnitByKey, FindsTheFirstRecordOfAFileName) {
     const std::vector<UnitRecord> engines = {
         unit("GP38.eng", "first", "Diesel"), unit("gp38.eng", "second", "Diesel"),
-        unit("X.eng", std::string(40, 'n') + " long", "Diesel"), UnitRecord{},
-        unit("Y.eng", "beyond the end", "Diesel")};
+        unit("X.eng", std::string(40, 'n') + " long", "Diesel")};
     EXPECT_EQ(findUnitByKey(engines, "gp38.ENG"), 0u);
     EXPECT_EQ(findUnitByKey(engines, "gp38.eng", KeyCase::Exact), 1u);
     EXPECT_EQ(findUnitByKey(engines, "Y.eng"), std::nullopt);
