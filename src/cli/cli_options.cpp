@@ -1,5 +1,6 @@
 #include "cli/cli_options.h"
 
+#include <algorithm>
 #include <string_view>
 
 namespace rakeyard::cli {
@@ -40,6 +41,10 @@ bool takeGlobalFlag(GlobalOptions& options, std::string_view word, std::string& 
 ParsedCommandLine parseCommandLine(const std::vector<std::string>& arguments) {
     ParsedCommandLine parsed;
     for (std::size_t i = 0; i < arguments.size(); ++i) {
+        if (arguments[i] == "--") {  // the rest are words, even those that start with "-"
+            parsed.words.insert(parsed.words.end(), arguments.begin() + i, arguments.end());
+            break;
+        }
         const auto [name, inlineValue] = splitOption(arguments[i]);
         if (std::optional<std::string>* target = valueOptionOf(parsed.options, name)) {
             if (inlineValue) {
@@ -56,6 +61,13 @@ ParsedCommandLine parseCommandLine(const std::vector<std::string>& arguments) {
         }
     }
     return parsed;
+}
+
+CommandArguments::CommandArguments(std::vector<std::string> words) : words_(std::move(words)) {
+    const auto end = std::find(words_.begin(), words_.end(), "--");
+    if (end == words_.end()) return;
+    verbatim_.assign(end + 1, words_.end());
+    words_.erase(end, words_.end());
 }
 
 std::optional<std::string> CommandArguments::takeValue(const std::string& name) {
@@ -97,7 +109,9 @@ std::vector<std::string> CommandArguments::operands() {
     for (const std::string& word : words_) {
         if (word.size() > 1 && word[0] == '-' && error_.empty()) error_ = "unknown option " + word;
     }
-    return words_;
+    std::vector<std::string> all = words_;
+    all.insert(all.end(), verbatim_.begin(), verbatim_.end());
+    return all;
 }
 
 }  // namespace rakeyard::cli

@@ -31,13 +31,14 @@ struct ParsedCommandLine {
 };
 
 // Takes the global options out of the arguments (argv without the program's name). "--opt
-// VALUE" and "--opt=VALUE" are both understood.
+// VALUE" and "--opt=VALUE" are both understood. "--" and everything after it are kept as words.
 ParsedCommandLine parseCommandLine(const std::vector<std::string>& arguments);
 
 // The rest of a command's words, read by the command: its own options and its operands.
 class CommandArguments {
 public:
-    explicit CommandArguments(std::vector<std::string> words) : words_(std::move(words)) {}
+    // Words after "--" are operands whatever they look like.
+    explicit CommandArguments(std::vector<std::string> words);
     // Removes "--name VALUE" or "--name=VALUE" and returns the value. A missing value is an
     // error kept for error().
     std::optional<std::string> takeValue(const std::string& name);
@@ -49,6 +50,7 @@ public:
 
 private:
     std::vector<std::string> words_;
+    std::vector<std::string> verbatim_;  // the words after "--"
     std::string error_;
 };
 

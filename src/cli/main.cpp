@@ -42,7 +42,7 @@ constexpr std::string_view kGlobalOptions =
     "  --help, --version\n"
     "Exit status: 0 done, 1 faults found or refused, 2 bad usage or no usable MSTS folder.\n";
 
-void printHelp() {
+void printHelp(std::FILE* out) {
     std::string help = "Usage: rakeyard-cli [OPTIONS] COMMAND [ARGS]\n\nCommands:\n";
     for (const Command& command : kCommands) {
         std::string usage(command.usage);
@@ -50,7 +50,7 @@ void printHelp() {
         help += "  " + usage + std::string(command.summary) + "\n";
     }
     help += "\n" + std::string(kGlobalOptions);
-    std::fputs(help.c_str(), stdout);
+    std::fputs(help.c_str(), out);
 }
 
 // The command whose words begin the given words; the number of words it took goes to taken.
@@ -80,9 +80,14 @@ int run(const std::vector<std::string>& arguments) {
         std::puts("rakeyard-cli " RAKEYARD_VERSION);
         return kExitDone;
     }
-    if (parsed.options.help || parsed.words.empty()) {
-        printHelp();
-        return parsed.options.help ? kExitDone : kExitUsage;
+    if (parsed.options.help) {
+        printHelp(stdout);
+        return kExitDone;
+    }
+    if (parsed.words.empty()) {
+        std::fputs("error: no command given\n", stderr);
+        printHelp(stderr);
+        return kExitUsage;
     }
     std::size_t taken = 0;
     const Command* command = findCommand(parsed.words, taken);
@@ -96,7 +101,9 @@ int run(const std::vector<std::string>& arguments) {
     CliContext context(std::move(parsed.options));
     CommandArguments commandArguments(
         std::vector<std::string>(parsed.words.begin() + taken, parsed.words.end()));
-    return command->run(context, commandArguments);
+    const int status = command->run(context, commandArguments);
+    // Whatever a command returns, a run that told an error does not end as done.
+    return status == kExitDone && context.dialogs.errorsReported() > 0 ? kExitFound : status;
 }
 
 }  // namespace

@@ -59,6 +59,23 @@ protected:
     MstsTree msts;
 };
 
+TEST_F(Catalogue, ARecordBegunByARefusedLastFileIsNeverShown) {
+    // Refused once its record was begun: the Engine section has no Type line.
+    msts.write("TRAINS/TRAINSET/Zz/Broken.eng",
+               "Wagon ( Broken\n\tType ( Engine )\n\tWagonShape ( Broken.s )\n"
+               "\tSize ( 3m 4m 18.5m )\n\tMass ( 80t )\n)\n\nEngine ( Broken\n"
+               "\tName ( \"Broken\" )\n)\n");
+    const CliRun json = catalogue({"engines", "--json", "--filter", "All"});
+    ASSERT_EQ(json.status, 0) << json.err;
+    EXPECT_THAT(msts.read("home/Reports/StartErrors.txt"), HasSubstr("Broken.eng"));
+    std::vector<std::string> names;
+    for (const auto& record : nlohmann::json::parse(json.out))
+        names.push_back(record["fileName"]);
+    EXPECT_THAT(names, ElementsAre("alpha.eng", "Zeta.eng", "Mogul.eng"));
+    const CliRun lines = catalogue({"engines", "--filter", "All"});
+    EXPECT_THAT(lines.out, Not(HasSubstr("Broken")));
+}
+
 TEST_F(Catalogue, PrintsExactlyTheListLinesSortedAsTheListShowsThem) {
     const CliRun run = catalogue({"engines"});
     ASSERT_EQ(run.status, 0) << run.err;

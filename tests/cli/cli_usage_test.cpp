@@ -66,10 +66,45 @@ TEST(CliUsage, BadUsageOfABuiltCommandIsStatus2) {
     }
 }
 
-TEST(CliUsage, NoCommandPrintsUsageWithStatus2) {
+TEST(CliUsage, NoCommandIsAnErrorWithTheUsageOnStderr) {
     const CliRun run = runCli({});
     EXPECT_EQ(run.status, 2);
-    EXPECT_THAT(run.out, HasSubstr("Usage: rakeyard-cli"));
+    EXPECT_EQ(run.out, "");
+    EXPECT_THAT(run.err, StartsWith("error: no command given\n"));
+    EXPECT_THAT(run.err, HasSubstr("Usage: rakeyard-cli"));
+}
+
+TEST(CliUsage, WordsAfterADoubleDashAreNamesEvenWithALeadingDash) {
+    MstsTree msts;
+    msts.write("TRAINS/TRAINSET/Box/Box.wag",
+               "Wagon ( Box\n\tType ( Freight )\n\tWagonShape ( Box.s )\n"
+               "\tSize ( 2.5m 3.9m 15.5m )\n\tMass ( 30t )\n"
+               "\tCoupling (\n\t\tType ( Chain )\n\t)\n\tName ( \"Box\" )\n)\n");
+    const std::vector<std::string> global = {"--home", msts.home(), "--msts", msts.msts()};
+    std::vector<std::string> refused = {"consist", "new", "-odd", "Box"};
+    refused.insert(refused.end(), global.begin(), global.end());
+    EXPECT_EQ(runCli(refused).status, 2);
+
+    std::vector<std::string> named = global;
+    named.insert(named.end(), {"consist", "new", "Box", "--", "-odd"});
+    const CliRun unknownUnit = runCli(named);
+    EXPECT_EQ(unknownUnit.status, 1);
+    EXPECT_THAT(unknownUnit.err, HasSubstr("error: Unknown unit: -odd"));
+
+    named = global;
+    named.insert(named.end(), {"consist", "new", "--", "-odd", "Box"});
+    const CliRun made = runCli(named);
+    EXPECT_EQ(made.status, 0) << made.err;
+    EXPECT_TRUE(std::filesystem::exists(msts.consists() + "/-odd.con"));
+}
+
+TEST(CliUsage, ASettingsRecordThatCannotBeWrittenEndsWithAnErrorStatus) {
+    MstsTree msts;
+    std::filesystem::create_directories(msts.home() + "/settings.bin");  // no file can go there
+    const CliRun run =
+        runCli({"--home", msts.home(), "--msts", msts.msts(), "catalogue", "engines"});
+    EXPECT_THAT(run.err, HasSubstr("error: The settings could not be saved"));
+    EXPECT_NE(run.status, 0);
 }
 
 TEST(CliUsage, MstsFolderThatDoesNotExistIsRefusedWithStatus2) {

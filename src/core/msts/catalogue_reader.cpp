@@ -79,7 +79,17 @@ unsigned defaultWorkerCount() {
     return cores == 0 ? 1 : std::min(cores, 8u);
 }
 
-void offerToKeepStartErrors(const PathGlobals& paths, const UnitKind& kind, Services& services) {
+// The findings go to StartErrors.txt as they come; when some could not be written there is no
+// report to keep, and the user is told so instead of being asked.
+void offerToKeepStartErrors(const PathGlobals& paths, const UnitKind& kind, bool reportWhole,
+                            Services& services) {
+    if (!reportWhole) {
+        services.dialogs.report(std::string(kind.errorsQuestion) + "\n" +
+                                    "They could not all be written to " + startErrorsFile(paths) +
+                                    " (the disk may be full or the folder read-only).",
+                                Icon::Exclamation);
+        return;
+    }
     const std::string question = std::string(kind.errorsQuestion) + "\r\n" +
                                  "Do you wish to save these errors to a file?" + "\n" +
                                  "The report will be saved with the name StartErrors.txt under " +
@@ -116,6 +126,7 @@ void readUnitFiles(const UnitKind& kind, const PathGlobals& paths, std::span<Uni
                              entry.file, entry.folder, debugMode);
     };
     bool errorsFound = false;
+    bool reportWhole = true;
     std::size_t next = 0;
     const auto store = [&](std::size_t i, UnitFileResult& result) {
         services.progress.step();
@@ -126,7 +137,7 @@ void readUnitFiles(const UnitKind& kind, const PathGlobals& paths, std::span<Uni
                 services.progress.debugText(3, title);
         }
         for (const std::string& finding : result.findings) {
-            logStartError(services.fs, paths, finding);
+            reportWhole = logStartError(services.fs, paths, finding) && reportWhole;
             errorsFound = true;
         }
         if (next >= records.size()) return;
@@ -136,7 +147,7 @@ void readUnitFiles(const UnitKind& kind, const PathGlobals& paths, std::span<Uni
     forEachInOrder<UnitFileResult>(
         listing.size(), workerThreads == 0 ? defaultWorkerCount() : workerThreads, readOne, store);
     count = next;
-    if (errorsFound) offerToKeepStartErrors(paths, kind, services);
+    if (errorsFound) offerToKeepStartErrors(paths, kind, reportWhole, services);
 }
 
 }  // namespace
@@ -145,8 +156,8 @@ std::string startErrorsFile(const PathGlobals& paths) {
     return joinPath(joinPath(paths.programFolder, "Reports"), "StartErrors.txt");
 }
 
-void logStartError(FileSystem& fs, const PathGlobals& paths, std::string_view text) {
-    (void)fs.appendFile(startErrorsFile(paths), std::string(text) + "\r\n");
+bool logStartError(FileSystem& fs, const PathGlobals& paths, std::string_view text) {
+    return fs.appendFile(startErrorsFile(paths), std::string(text) + "\r\n");
 }
 
 void readEngineFiles(const PathGlobals& paths, UnitCatalogue& catalogue, Services& services,

@@ -12,13 +12,14 @@ namespace rakeyard {
 [[nodiscard]] std::string startErrorsFile(const PathGlobals& paths);
 
 // Appends text and one more CR LF to StartErrors.txt, so that findings stand apart by a blank
-// line. A finding that cannot be written is lost without a word.
-void logStartError(FileSystem& fs, const PathGlobals& paths, std::string_view text);
+// line. False when it could not be written.
+[[nodiscard]] bool logStartError(FileSystem& fs, const PathGlobals& paths, std::string_view text);
 
 // Fills catalogue.engines from the ".eng" files one folder below the Trainset folder, in
 // listing order, from index 0 without gaps; the rest of the array is emptied. A file that
 // cannot be catalogued is skipped, and why goes to StartErrors.txt; when anything went there,
-// the user is asked whether to keep the report (Cancel deletes it). Past the array's end files
+// the user is asked whether to keep the report (Cancel deletes it), or told that the report
+// could not be written. Past the array's end files
 // are still read and checked but not stored. Progress: "Loading engine files..." with a step
 // per folder, then "Retrieving engine data..." with a step per file; with debugMode the debug
 // window is shown and given each file, folder and pass. Files are read on up to workerThreads

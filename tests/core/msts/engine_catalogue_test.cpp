@@ -1,3 +1,4 @@
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <chrono>
@@ -11,6 +12,9 @@
 
 namespace rakeyard {
 namespace {
+
+using ::testing::HasSubstr;
+using ::testing::Not;
 
 // The parts of a plain engine file, each replaceable by a case.
 struct EngineParts {
@@ -333,6 +337,16 @@ TEST_F(ReadEngineFiles, CancelAtTheEndDeletesTheReport) {
     EXPECT_FALSE(msts.exists("home/Reports/StartErrors.txt"));
 }
 
+TEST_F(ReadEngineFiles, AReportThatCannotBeWrittenIsToldNotOffered) {
+    msts.writeBytes("TRAINS/TRAINSET/B/EIGHTBIT.eng", "plain text");
+    std::filesystem::create_directories(msts.home() + "/Reports/StartErrors.txt");  // unwritable
+    read();
+    ASSERT_EQ(fake.dialogs.shown.size(), 1u);
+    EXPECT_EQ(fake.dialogs.shown[0].icon, Icon::Exclamation);
+    EXPECT_THAT(fake.dialogs.shown[0].text, HasSubstr("They could not all be written to"));
+    EXPECT_THAT(fake.dialogs.shown[0].text, Not(HasSubstr("Do you wish to save")));
+}
+
 TEST_F(ReadEngineFiles, OddInputEndsInAFindingNeverACrash) {
     const std::string header = "SIMISA@@@@@@@@@@JINX0D0t______";
     const std::string valid = EngineParts().text();
@@ -406,7 +420,8 @@ TEST_F(ReadEngineFiles, WarnsAboveSixThousandAndStoresNoMoreThanTheArrayHolds) {
               "Not all of them have been loaded.");
     EXPECT_EQ(fake.dialogs.shown[0].icon, Icon::Stop);
     EXPECT_EQ(engine(6000).fileName, "E06000.eng");
-    EXPECT_EQ(catalogue->engines.size(), 6001u);
+    EXPECT_EQ(catalogue->engineCount, 6001u);
+    EXPECT_EQ(usedRecords(*catalogue, UnitClass::Engine).back().fileName, "E06000.eng");
 }
 
 }  // namespace
