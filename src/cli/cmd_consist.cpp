@@ -14,21 +14,18 @@
 namespace rakeyard::cli {
 namespace {
 
-// Loads the consist an argument names into the editor's state. False, with the loader's
-// message told, when the file is missing or the load failed.
-bool loadNamedConsist(CliContext& context, const std::string& argument) {
+// Loads the consist an argument names into the editor's state, the loader telling what went
+// wrong. A missing file is Failed here: the command line does not offer to create one.
+LoadOutcome loadNamedConsist(CliContext& context, const std::string& argument) {
     AppState& state = *context.state;
     const std::string path = consistPathOf(context.fs, state.paths, argument);
     if (!context.fs.isFile(path)) {
         context.dialogs.report("There is no consist file " + path, Icon::Stop);
-        return false;
+        return LoadOutcome::Failed;
     }
     clearAll(state, context.services);
     state.consist.consistToLoad = path;
-    // The loader tells each failure with a stop icon, and returns nothing.
-    const int errorsBefore = context.dialogs.errorsReported();
-    loadConsistFile(state, context.services);
-    return context.dialogs.errorsReported() == errorsBefore;
+    return loadConsistFile(state, context.services);
 }
 
 // The slots that hold a unit, 0..299.
@@ -84,7 +81,7 @@ void printConsist(const ConsistState& consist) {
             slot.fileName.empty() ? slot.displayName + " (not installed)"
                                   : slot.folderName + "/" + slot.fileName + "  " + slot.displayName;
         text += padded(std::to_string(i), 6) +
-                padded(std::to_string(static_cast<long long>(slot.uid)), 7) +
+                padded(singleText(slot.uid), 7) +  // as the UiD box shows it
                 padded(slot.flipped ? "yes" : "", 6) + padded(slot.unitType, 10) +
                 padded("[" + slot.couplerFront + slot.couplerRear + "]", 10) + unit + "\n";
     }
@@ -116,13 +113,14 @@ int runConsistShow(CliContext& context, CommandArguments& arguments) {
     if (!arguments.error().empty()) return usageError(context, arguments.error());
     if (operands.size() != 1) return usageError(context, "consist show takes one FILE");
     if (int status = context.startUp(); status != kExitDone) return status;
-    if (!loadNamedConsist(context, operands[0])) return kExitFound;
+    const LoadOutcome loaded = loadNamedConsist(context, operands[0]);
+    if (loaded != LoadOutcome::Loaded && loaded != LoadOutcome::Incomplete) return kExitFound;
     if (context.options.json) {
         printJson(consistJson(context.state->consist));
     } else {
         printConsist(context.state->consist);
     }
-    return kExitDone;
+    return loaded == LoadOutcome::Loaded ? kExitDone : kExitFound;
 }
 
 int runConsistCopy(CliContext& context, CommandArguments& arguments) {
@@ -130,7 +128,11 @@ int runConsistCopy(CliContext& context, CommandArguments& arguments) {
     if (!arguments.error().empty()) return usageError(context, arguments.error());
     if (operands.size() != 2) return usageError(context, "consist copy takes FILE and NAME");
     if (int status = context.startUp(); status != kExitDone) return status;
-    if (!loadNamedConsist(context, operands[0])) return kExitFound;
+    const LoadOutcome loaded = loadNamedConsist(context, operands[0]);
+    if (loaded == LoadOutcome::Incomplete)
+        context.dialogs.report("Nothing was written: a copy would lose what was not loaded.",
+                               Icon::Stop);
+    if (loaded != LoadOutcome::Loaded) return kExitFound;
     return saveAs(context, operands[1]);
 }
 

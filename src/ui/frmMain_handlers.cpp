@@ -120,7 +120,7 @@ void frmMain::mnuEmpty_Click(int index) {
         if (name.empty()) return;
         clearAll(state_, services_);
         state_.consist.consistToLoad = rakeyard::joinPath(state_.paths.consistsPath, name);
-        loadConsistFile(state_, services_);
+        (void)loadConsistFile(state_, services_);
     });
     refreshPics();
 }
@@ -128,7 +128,7 @@ void frmMain::mnuEmpty_Click(int index) {
 void frmMain::loadConsistFromCommandLine(const std::string& path) {
     runGuarded(services_.dialogs, [&] {
         state_.consist.consistToLoad = path;
-        loadConsistFile(state_, services_);
+        (void)loadConsistFile(state_, services_);
     });
     refreshPics();
 }

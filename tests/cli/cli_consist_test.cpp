@@ -197,6 +197,31 @@ TEST_F(ConsistCommands, CopyOfAConsistWithAMissingUnitIsRefused) {
     EXPECT_FALSE(consistExists("Tanks Copy.con"));
 }
 
+TEST_F(ConsistCommands, AConsistNotLoadedWholeIsShownWithStatus1AndNeverCopied) {
+    std::string text =
+        "SIMISA@@@@@@@@@@JINX0D0t______\r\n\r\nTrain (\r\n\tTrainCfg ( Long\r\n"
+        "\t\tSerial ( 1 )\r\n\t\tMaxVelocity ( 40.00000 1.00000 )\r\n"
+        "\t\tNextWagonUID ( 302 )\r\n\t\tDurability ( 1.00000 )\r\n";
+    for (int i = 1; i <= 301; ++i)
+        text += "\t\tWagon (\r\n\t\t\tWagonData ( RY_Coal16t RY_Wagons )\r\n\t\t\tUiD ( " +
+                std::string(i == 1 ? "1e30" : std::to_string(i)) + " )\r\n\t\t)\r\n";
+    std::ofstream(msts + "/TRAINS/CONSISTS/Long.con", std::ios::binary)
+        << "\xFF\xFE" + utf16Bytes(text + "\t)\r\n)");
+
+    const CliRun shown = cli({"consist", "show", "Long"});
+    EXPECT_EQ(shown.status, 1);
+    EXPECT_THAT(shown.err, HasSubstr("warning: Not all of this consist could be loaded."));
+    EXPECT_THAT(shown.err, HasSubstr("1 were left out"));
+    EXPECT_THAT(shown.out, HasSubstr("RY_Coal16t"));
+    EXPECT_THAT(shown.out, HasSubstr("\n299   300"));
+    EXPECT_THAT(shown.out, HasSubstr("\n0     1E+30"));  // as the UiD box shows it
+
+    const CliRun copied = cli({"consist", "copy", "Long", "Long Copy", "--yes"});
+    EXPECT_EQ(copied.status, 1);
+    EXPECT_THAT(copied.err, HasSubstr("error: Nothing was written"));
+    EXPECT_FALSE(consistExists("Long Copy.con"));
+}
+
 // Every file under a folder, with its bytes.
 std::map<std::string, std::string> filesUnder(const std::string& root) {
     std::map<std::string, std::string> files;

@@ -54,7 +54,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     AppState& app = sharedApp();
     app.consist = ConsistState{};
     SilentDialogs dialogs;
-    loadConsistBytes(app, dialogs, std::string_view(reinterpret_cast<const char*>(data), size));
+    (void)loadConsistBytes(app, dialogs, std::string_view(reinterpret_cast<const char*>(data), size));
     (void)consistFileBytes(app.consist);
     cmdEnd_Click(app.consist);
     cmdShift_Click(app.consist, 1);

@@ -113,7 +113,7 @@ void OKButton_Click(AppState& app, Services& services, const ConsistChooser& cho
         app.consist.consistToLoad = pathOf(app, chooser.files[at]);
     }
     clearAll(app, services);
-    loadConsistFile(app, services);
+    (void)loadConsistFile(app, services);
 }
 
 void conList_Delete(AppState& app, Services& services, ConsistChooser& chooser, int index) {

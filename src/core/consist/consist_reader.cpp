@@ -78,7 +78,8 @@ std::optional<std::u16string> trainCfgWord(std::u16string_view line) {
 class BodyReader {
 public:
     explicit BodyReader(AppState& app)
-        : app_(app), engines_(usedRecords(app.catalogue, UnitClass::Engine)),
+        : app_(app),
+          engines_(usedRecords(app.catalogue, UnitClass::Engine)),
           wagons_(usedRecords(app.catalogue, UnitClass::Wagon)) {}
 
     // Applies every rule that matches the line; false for a damaged line.
@@ -93,6 +94,7 @@ public:
     }
     float lengthTotal = 0;
     float massTotal = 0;
+    long long unitsRead() const { return n_; }
 
 private:
     // A unit past slot 599 is read and counted, but not stored.
@@ -212,6 +214,37 @@ HeaderEnd readHeader(ConsistState& state, const std::vector<std::u16string>& lin
     return HeaderEnd::Body;
 }
 
+// How many blocks are still open at the end of the lines, "(" and ")" inside double quotes not
+// counted.
+long long openBlocksAtEnd(const std::vector<std::u16string>& lines) {
+    long long depth = 0;
+    for (const std::u16string& line : lines) {
+        bool quoted = false;
+        for (char16_t c : line) {
+            if (c == u'"') quoted = !quoted;
+            if (quoted) continue;
+            if (c == u'(') ++depth;
+            if (c == u')' && depth > 0) --depth;
+        }
+    }
+    return depth;
+}
+
+// What of the file the editor could not take, one line a reason; "" when it took it all.
+std::string notLoadedPart(std::string_view bytes, const ConsistLines& file, long long units) {
+    std::string reasons;
+    if (units > kUsedSlots)
+        reasons += "It holds " + std::to_string(units) + " units: only the first " +
+                   std::to_string(kUsedSlots) + " were loaded, " +
+                   std::to_string(units - kUsedSlots) + " were left out.\n";
+    if (file.hasMark && bytes.size() % 2 == 1)
+        reasons += "The file ends in the middle of a character.\n";
+    if (const long long open = openBlocksAtEnd(file.lines); open > 0)
+        reasons += "The file ends early, after line " + std::to_string(file.lines.size()) +
+                   ", with " + std::to_string(open) + " block(s) not closed.\n";
+    return reasons;
+}
+
 std::size_t findConsistsFolder(std::string_view path) {
     for (std::size_t i = 0; i + 9 < path.size(); ++i) {
         if (isPathSeparator(path[i]) && path.substr(i + 1, 8) == "CONSISTS" &&
@@ -291,22 +324,22 @@ std::string consistNameOf(std::string_view path) {
     return withoutLastFour(path.substr(folder + 10));
 }
 
-void loadConsistBytes(AppState& app, Dialogs& dialogs, std::string_view bytes) {
+LoadOutcome loadConsistBytes(AppState& app, Dialogs& dialogs, std::string_view bytes) {
     ConsistState& state = app.consist;
     startLoad(state);
     const ConsistLines file = consistLines(bytes);
     if (file.firstLineLength() != kUnicodeFirstLine) {
         dialogs.report("This consist isn't in Unicode format!", Icon::Stop);
-        return;
+        return LoadOutcome::Failed;
     }
     std::size_t next = 1;
     switch (readHeader(state, file.lines, next)) {
         case HeaderEnd::NameError:
             dialogs.report("There is an error in the name of this consist!", Icon::Stop);
-            return;
+            return LoadOutcome::Failed;
         case HeaderEnd::Critical:
             reportCriticalError(dialogs);
-            return;
+            return LoadOutcome::Failed;
         case HeaderEnd::Body:
             break;
     }
@@ -314,17 +347,24 @@ void loadConsistBytes(AppState& app, Dialogs& dialogs, std::string_view bytes) {
     for (; next < file.lines.size(); ++next) {
         if (!body.read(file.lines[next])) {
             reportCriticalError(dialogs);
-            return;
+            return LoadOutcome::Failed;
         }
     }
     setMassText(state.totals, singleText(body.massTotal));
     setLengthText(state.totals, singleText(body.lengthTotal));
+    // Told before the strip shows the units, so that a cut consist is never taken for whole.
+    const std::string notLoaded = notLoadedPart(bytes, file, body.unitsRead());
+    if (!notLoaded.empty())
+        dialogs.report("Not all of this consist could be loaded.\n" +
+                           notLoaded.substr(0, notLoaded.size() - 1),
+                       Icon::Exclamation);
     refreshPics(state);
+    return notLoaded.empty() ? LoadOutcome::Loaded : LoadOutcome::Incomplete;
 }
 
-void loadConsistFile(AppState& app, Services& services) {
+LoadOutcome loadConsistFile(AppState& app, Services& services) {
     ConsistState& state = app.consist;
-    if (state.consistToLoad.empty()) return;
+    if (state.consistToLoad.empty()) return LoadOutcome::NoFile;
     addToLastMenu(state.recent, state.consistToLoad);
     startLoad(state);
     state.headerBoxes[0] = consistNameOf(state.consistToLoad);
@@ -341,11 +381,11 @@ void loadConsistFile(AppState& app, Services& services) {
         } else {
             state.headerBoxes[0].clear();
         }
-        return;
+        return LoadOutcome::NoFile;
     }
     // A file that can't be read reads as no lines, and so fails the Unicode test.
     const std::string bytes = services.fs.readFile(path).value_or(std::string());
-    loadConsistBytes(app, services.dialogs, bytes);
+    return loadConsistBytes(app, services.dialogs, bytes);
 }
 
 }  // namespace rakeyard

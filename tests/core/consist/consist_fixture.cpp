@@ -17,7 +17,7 @@ void ConsistTest::add(std::initializer_list<std::string> units) {
 
 void ConsistTest::loadText(const std::string& name, const std::string& text) {
     state().consistToLoad = msts.write("TRAINS/CONSISTS/" + name, text);
-    loadConsistFile(*app, fake.services);
+    (void)loadConsistFile(*app, fake.services);
 }
 
 }  // namespace rakeyard::test
