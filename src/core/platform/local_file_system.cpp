@@ -9,6 +9,7 @@
 #include <system_error>
 
 #include "core/platform/paths.h"
+#include "core/platform/temporary_file.h"
 #include "core/platform/text_utf.h"
 
 #ifdef _WIN32
@@ -295,17 +296,9 @@ std::optional<std::string> LocalFileSystem::writeChunk(std::FILE* file, std::uin
     return errorText(errno);
 }
 
-// Writes the temporary file whole and on the disk; nullopt when done, else why not. The file is
-// left for the caller to remove.
-std::optional<std::string> LocalFileSystem::writeTemporary(const std::string& temporary,
+// Writes the temporary file whole and on the disk; nullopt when done, else why not.
+std::optional<std::string> LocalFileSystem::writeTemporary(std::FILE* file,
                                                            std::string_view bytes) {
-    errno = 0;
-#ifdef _WIN32
-    std::FILE* file = openFile(temporary, "wb");
-#else
-    std::FILE* file = openFile(temporary, "wbx");
-#endif
-    if (!file) return errorText(errno);
     std::optional<std::string> failure;
     for (std::size_t offset = 0; offset < bytes.size() && !failure; offset += kChunkSize)
         failure = writeChunk(file, offset, bytes.substr(offset, kChunkSize));
@@ -313,43 +306,37 @@ std::optional<std::string> LocalFileSystem::writeTemporary(const std::string& te
     if (!failure && std::fflush(file) != 0) failure = errorText(errno);
     errno = 0;
     if (!failure && syncFile(file) != 0) failure = errorText(errno);
-    errno = 0;
-    if (std::fclose(file) != 0 && !failure) failure = errorText(errno);
     return failure;
 }
 
 WriteResult LocalFileSystem::writeFile(const std::string& path, std::string_view bytes) {
-    // Numbered from the clock so that two runs of the program seldom try the same names. The
-    // name is short, whatever the target's length, so it always fits in the folder.
-    static std::atomic<unsigned> nextTemporary{static_cast<unsigned>(
-        std::chrono::steady_clock::now().time_since_epoch().count() % 1000000)};
     const std::string target = resolve(path);
     const std::string folder = folderOf(target);
+    removeStaleTemporaries(folder);
+
+    // The temporary's name is short, whatever the target's length, so it always fits in the
+    // folder; on any failure the temporary goes with it.
+    TemporaryFile temporary;
+    if (!temporary.open(folder)) return WriteResult{false, errorText(temporary.error())};
+    std::optional<std::string> failure = writeTemporary(temporary.file(), bytes);
+    if (!failure && !temporary.nameAndClose()) failure = errorText(temporary.error());
     std::error_code ec;
-
-    std::string temporary;
-    for (int attempt = 0; attempt < 100 && temporary.empty(); ++attempt) {
-        std::string candidate =
-            joinPath(folder, "~rakeyard" + std::to_string(nextTemporary++ % 1000000) + ".tmp");
-        if (!fs::exists(toPath(candidate), ec)) temporary = std::move(candidate);
-    }
-    if (temporary.empty()) return WriteResult{false, errorText(EEXIST)};
-
-    std::optional<std::string> failure = writeTemporary(temporary, bytes);
     if (!failure) {
         const fs::file_status old = fs::status(toPath(target), ec);
         if (!ec && fs::is_regular_file(old)) {
             // A kept file keeps its permissions; failing that, it gets the usual ones.
-            fs::permissions(toPath(temporary), old.permissions(), fs::perm_options::replace, ec);
+            fs::permissions(toPath(temporary.path()), old.permissions(), fs::perm_options::replace,
+                            ec);
         }
-        fs::rename(toPath(temporary), toPath(target), ec);
-        if (ec) failure = ec.message();
+        fs::rename(toPath(temporary.path()), toPath(target), ec);
+        if (ec) {
+            failure = ec.message();
+        } else {
+            temporary.release();
+        }
     }
     forgetListing(folder);
-    if (failure) {
-        fs::remove(toPath(temporary), ec);
-        return WriteResult{false, *failure};
-    }
+    if (failure) return WriteResult{false, *failure};
     syncFolder(folder);
     return WriteResult{true, {}};
 }

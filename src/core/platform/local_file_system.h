@@ -39,7 +39,7 @@ private:
     std::shared_ptr<const CachedListing> cachedListing(const std::string& folder);
     void forgetListing(const std::string& folder);
     std::string existingPath(const std::string& path);
-    std::optional<std::string> writeTemporary(const std::string& temporary, std::string_view bytes);
+    std::optional<std::string> writeTemporary(std::FILE* file, std::string_view bytes);
 
     std::mutex cacheMutex_;  // readers may run on both cores
     std::map<std::string, std::shared_ptr<const CachedListing>> cache_;

@@ -3,11 +3,17 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <atomic>
 #include <chrono>
 #include <filesystem>
 #include <fstream>
+#include <thread>
 
 #include "core/platform/paths.h"
+#ifndef _WIN32
+#include <sys/wait.h>
+#include <unistd.h>
+#endif
 #include "core/platform/text_utf.h"
 #include "support/fakes.h"
 #include "support/msts_tree.h"
@@ -236,6 +242,55 @@ TEST_F(SafeWriter, ReplacedFileKeepsItsPermissions) {
     EXPECT_EQ(fs::status(target).permissions() & fs::perms::all,
               fs::perms::owner_read | fs::perms::owner_write);
 }
+
+TEST_F(SafeWriter, TwoWritersOfOneFileNeverSpoilEachOther) {
+    const std::string first(100000, 'a');
+    const std::string second(70000, 'b');
+    for (int round = 0; round < 200; ++round) {
+        std::atomic<int> failures{0};
+        const auto save = [&](const std::string& text) {
+            LocalFileSystem own;  // each writer its own, as two programs would be
+            if (!own.writeFile(target, text)) ++failures;
+        };
+        std::thread one(save, first);
+        std::thread two(save, second);
+        one.join();
+        two.join();
+        ASSERT_EQ(failures, 0) << "round " << round;
+        const std::string saved = test::readWholeFile(target);
+        ASSERT_TRUE(saved == first || saved == second) << "round " << round;
+        ASSERT_EQ(namesIn(temp.path()), std::vector<std::string>{"unit.eng"}) << "round " << round;
+    }
+}
+
+#ifndef _WIN32
+TEST_F(SafeWriter, TwoProcessesWritingOneFileLeaveItWholeAndNoTemporary) {
+    for (int round = 0; round < 50; ++round) {
+        const pid_t child = ::fork();
+        if (child == 0) {
+            LocalFileSystem own;
+            ::_exit(own.writeFile(target, std::string(50000, 'c')) ? 0 : 1);
+        }
+        const bool written = LocalFileSystem().writeFile(target, std::string(60000, 'p')).ok;
+        int status = 1;
+        ::waitpid(child, &status, 0);
+        ASSERT_TRUE(written && WIFEXITED(status) && WEXITSTATUS(status) == 0) << round;
+        const std::string saved = test::readWholeFile(target);
+        ASSERT_TRUE(saved == std::string(50000, 'c') || saved == std::string(60000, 'p'));
+        ASSERT_EQ(namesIn(temp.path()), std::vector<std::string>{"unit.eng"}) << round;
+    }
+}
+
+TEST_F(SafeWriter, TemporariesOfProcessesThatAreGoneAreRemovedOthersKept) {
+    // No process can have a number above the system's largest, 2^22.
+    writeText(temp / "~rakeyard4194400-3.tmp", "left by a killed run");
+    writeText(temp / "~rakeyard1-0.tmp", "a running process is writing this");
+    writeText(temp / "~rakeyardnotes.tmp", "not one of ours");
+    ASSERT_TRUE(files.writeFile(target, "new"));
+    EXPECT_EQ(namesIn(temp.path()),
+              (std::vector<std::string>{"unit.eng", "~rakeyard1-0.tmp", "~rakeyardnotes.tmp"}));
+}
+#endif
 
 TEST(LocalFileSystem, SmallOperationsReportWhatHappened) {
     test::TempFolder temp;
