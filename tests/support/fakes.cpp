@@ -3,6 +3,8 @@
 #include <filesystem>
 #include <system_error>
 
+#include "core/platform/paths.h"
+
 namespace rakeyard::test {
 
 void FakeDialogs::report(std::string_view text, Icon icon, std::string_view title) {
@@ -66,6 +68,13 @@ std::optional<std::string> FailingFileSystem::writeChunk(std::FILE* file, std::u
     if (auto failure = LocalFileSystem::writeChunk(file, offset, chunk.substr(0, allowed)))
         return failure;
     return std::make_error_code(std::errc::no_space_on_device).message();
+}
+
+BoundedRead FailingFileSystem::readFileUpTo(const std::string& path, std::uintmax_t limit) {
+    const std::string name = lastPathPart(path);
+    for (const std::string& unreadable : unreadableNames)
+        if (name == unreadable) return {};
+    return LocalFileSystem::readFileUpTo(path, limit);
 }
 
 }  // namespace rakeyard::test

@@ -59,11 +59,14 @@ public:
     bool startSucceeds = true;
 };
 
-// The real file system, made to fail writes on demand: a safe write fails after failAfterBytes
-// bytes of the temporary file, with the message of a full disk.
+// The real file system, made to fail on demand: a safe write fails after failAfterBytes bytes
+// of the temporary file, with the message of a full disk; a read of a path whose last part is
+// in unreadableNames fails, as a file without read permission would.
 class FailingFileSystem : public LocalFileSystem {
 public:
     std::optional<std::size_t> failAfterBytes;
+    std::vector<std::string> unreadableNames;
+    BoundedRead readFileUpTo(const std::string& path, std::uintmax_t limit) override;
 
 protected:
     std::optional<std::string> writeChunk(std::FILE* file, std::uintmax_t offset,

@@ -5,6 +5,7 @@
 #include "core/consist/consist_model.h"
 #include "core/consist/editing.h"
 #include "core/consist/image_keys.h"
+#include "core/msts/msts_text.h"
 #include "core/platform/file_names.h"
 #include "core/platform/paths.h"
 #include "core/platform/text_utf.h"
@@ -111,12 +112,7 @@ std::string consistFileBytes(const ConsistState& state) {
         text += unitBlock(state.slots[i]);
     text += "\t)\r\n)";
 
-    std::string bytes = "\xFF\xFE";
-    for (char16_t c : toUtf16(text)) {
-        bytes += static_cast<char>(c & 0xFF);
-        bytes += static_cast<char>(c >> 8);
-    }
-    return bytes;
+    return encodeMstsText(toUtf16(text));
 }
 
 SaveResult saveConsist(AppState& app, Services& services) {

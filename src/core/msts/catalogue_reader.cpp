@@ -120,10 +120,18 @@ void readUnitFiles(const UnitKind& kind, const PathGlobals& paths, std::span<Uni
         const UnitListing& entry = listing[i];
         if (kind.skipsDefaultWagon && upperAscii(entry.file) == "DEFAULT.WAG")
             return UnitFileResult{};
-        const std::optional<std::string> bytes =
-            services.fs.readFile(joinPath(entry.folder, entry.file));
-        return kind.readFile(bytes ? std::optional<std::string_view>(*bytes) : std::nullopt,
-                             entry.file, entry.folder, debugMode);
+        try {
+            const BoundedRead read =
+                services.fs.readFileUpTo(joinPath(entry.folder, entry.file), kUnitFileSizeLimit);
+            if (read.tooLarge) return tooLargeUnitFile(entry.file, entry.folder);
+            const std::optional<std::string>& bytes = read.bytes;
+            return kind.readFile(bytes ? std::optional<std::string_view>(*bytes) : std::nullopt,
+                                 entry.file, entry.folder, debugMode);
+        } catch (const std::exception&) {
+            // Memory ran out for this file: it is refused like an unreadable one, and the
+            // reading goes on.
+            return kind.readFile(std::nullopt, entry.file, entry.folder, debugMode);
+        }
     };
     bool errorsFound = false;
     bool reportWhole = true;

@@ -69,6 +69,16 @@ bool isUnicodeFile(FileSystem& fs, const std::string& path) {
     return bytes && isUnicodeText(*bytes);
 }
 
+std::string encodeMstsText(std::u16string_view text) {
+    std::string bytes = "\xFF\xFE";
+    bytes.reserve(2 + 2 * text.size());
+    for (char16_t c : text) {
+        bytes += static_cast<char>(c & 0xFF);
+        bytes += static_cast<char>(c >> 8);
+    }
+    return bytes;
+}
+
 MstsText decodeMstsText(std::string_view bytes) {
     const std::size_t units = bytes.size() / 2;
     const auto unitAt = [&](std::size_t i) {

@@ -25,6 +25,9 @@ using MstsText = std::u16string;
 // blank, every CR into CR LF and then every LF into CR LF: a line end CR LF of the file becomes
 // CR CR LF CR LF. Readers rely only on the LF of it.
 [[nodiscard]] MstsText decodeMstsText(std::string_view bytes);
+
+// The bytes of an MSTS file holding text: FF FE, then the text as UTF-16 LE.
+[[nodiscard]] std::string encodeMstsText(std::u16string_view text);
 // The whole file decoded as above; empty when it can't be read.
 [[nodiscard]] MstsText readMstsText(FileSystem& fs, const std::string& path);
 

@@ -18,18 +18,30 @@ bool isCheckedFile(std::string_view name) {
            extension == ".CVF" || extension == ".SMS";
 }
 
-// FF FE and each byte as the low half of one UTF-16 unit.
-std::string widenedBytes(std::string_view bytes) {
-    std::string wide = "\xFF\xFE";
-    wide.reserve(2 + 2 * bytes.size());
-    for (char c : bytes) {
-        wide += c;
-        wide += '\0';
+bool startsWith(std::string_view bytes, std::string_view mark) {
+    return bytes.substr(0, mark.size()) == mark;
+}
+
+// Big-endian UTF-16 after its mark, turned round; an odd last byte is kept as a character.
+std::u16string fromBigEndian(std::string_view bytes) {
+    std::u16string text;
+    text.reserve(bytes.size() / 2 + 1);
+    for (std::size_t i = 0; i < bytes.size(); i += 2) {
+        const auto high = static_cast<unsigned char>(bytes[i]);
+        const auto low = i + 1 < bytes.size() ? static_cast<unsigned char>(bytes[i + 1]) : 0;
+        text += static_cast<char16_t>(high << 8 | low);
     }
-    return wide;
+    return text;
 }
 
 }  // namespace
+
+std::optional<std::string> unicodeFileBytes(std::string_view bytes) {
+    if (startsWith(bytes, "\xFF\xFE")) return std::nullopt;
+    if (startsWith(bytes, "\xFE\xFF")) return encodeMstsText(fromBigEndian(bytes.substr(2)));
+    if (startsWith(bytes, "\xEF\xBB\xBF")) return encodeMstsText(toUtf16(bytes.substr(3)));
+    return encodeMstsText(fromWindows1252(bytes));
+}
 
 std::vector<std::string> checkUnicode(const PathGlobals& paths, Services& services) {
     FileSystem& fs = services.fs;
@@ -40,15 +52,23 @@ std::vector<std::string> checkUnicode(const PathGlobals& paths, Services& servic
     }
     services.progress.start("Please wait. Checking files...", static_cast<int>(folders.size()));
     std::vector<std::string> failing;
+    std::string unreadable;
     for (const std::string& folder : folders) {
         services.progress.step();
         for (const DirEntry& entry : fs.listFolder(folder)) {
             if (entry.isFolder || !isCheckedFile(entry.name)) continue;
             const std::string path = joinPath(folder, entry.name);
-            if (!isUnicodeFile(fs, path)) failing.push_back(path);
+            const std::optional<std::string> bytes = fs.readFile(path);
+            if (!bytes) {
+                unreadable += "\n" + path;
+            } else if (!isUnicodeText(*bytes)) {
+                failing.push_back(path);
+            }
         }
     }
-    if (failing.empty())
+    if (!unreadable.empty())
+        services.dialogs.report("These files could not be read:" + unreadable, Icon::Exclamation);
+    if (failing.empty() && unreadable.empty())
         services.dialogs.report("All scanned files are in Unicode format", Icon::Information);
     return failing;
 }
@@ -64,7 +84,16 @@ std::vector<std::string> convertToUnicode(const std::vector<std::string>& files,
             services.dialogs.report("The file " + path + " couldn't be read.", Icon::Stop);
             break;
         }
-        const WriteResult written = services.fs.writeFile(path, widenedBytes(*bytes));
+        const std::optional<std::string> rewritten = unicodeFileBytes(*bytes);
+        if (!rewritten) {
+            services.dialogs.report("The file " + path +
+                                        " was left as it is: it is UTF-16 already (it starts "
+                                        "with FF FE), but its first line is not the MSTS header "
+                                        "line. Converting it again would double every byte.",
+                                    Icon::Exclamation);
+            continue;
+        }
+        const WriteResult written = services.fs.writeFile(path, *rewritten);
         if (!written) {
             services.dialogs.report(
                 "The file " + path + " couldn't be converted:\n" + written.message, Icon::Stop);

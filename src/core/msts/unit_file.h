@@ -1,4 +1,5 @@
 #pragma once
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -7,6 +8,10 @@
 #include "core/msts/unit_record.h"
 
 namespace rakeyard {
+
+// The largest unit file that is read: real ones are well under 1 MB, and a larger file is
+// refused with a finding rather than read into memory.
+inline constexpr std::uintmax_t kUnitFileSizeLimit = 16u << 20;
 
 // What the catalogue readers make of one ".eng" or ".wag" file.
 struct UnitFileResult {
@@ -31,4 +36,7 @@ struct UnitFileResult {
                                            const std::string& file, const std::string& folderPath,
                                            bool withPassTitles = false);
 
+// The finding for a unit file above kUnitFileSizeLimit, which is not read.
+[[nodiscard]] UnitFileResult tooLargeUnitFile(const std::string& file,
+                                              const std::string& folderPath);
 }  // namespace rakeyard

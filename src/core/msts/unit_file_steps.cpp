@@ -63,8 +63,11 @@ std::string FileSteps::errorOnLine(std::string_view key) const {
 
 bool prepareText(std::optional<std::string_view> bytes, FileSteps& steps, bool cutDescription,
                  std::string_view notUnicode, MstsText& text) {
-    // An unreadable file fails the Unicode test, as its first line reads empty.
-    if (!bytes || !isUnicodeText(*bytes)) {
+    if (!bytes) {
+        steps.log("The file " + steps.file + " couldn't be read.");
+        return false;
+    }
+    if (!isUnicodeText(*bytes)) {
         steps.log(std::string(notUnicode));
         return false;
     }
@@ -251,3 +254,16 @@ std::u16string nameFromLine(std::u16string_view lineText) {
 }
 
 }  // namespace rakeyard::unit_file
+
+namespace rakeyard {
+
+UnitFileResult tooLargeUnitFile(const std::string& file, const std::string& folderPath) {
+    UnitFileResult result;
+    result.findings.push_back(
+        "The file " + file + " is larger than " + std::to_string(kUnitFileSizeLimit >> 20) +
+        " MB, far more than a unit file holds, and so it wasn't read." +
+        std::string(unit_file::kCrLf) + "Folder " + folderPath + std::string(unit_file::kCrLf));
+    return result;
+}
+
+}  // namespace rakeyard

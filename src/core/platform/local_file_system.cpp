@@ -6,6 +6,7 @@
 #include <cerrno>
 #include <chrono>
 #include <filesystem>
+#include <limits>
 #include <system_error>
 
 #include "core/platform/paths.h"
@@ -259,7 +260,11 @@ std::optional<std::uintmax_t> LocalFileSystem::fileSize(const std::string& path)
 }
 
 std::optional<std::string> LocalFileSystem::readFile(const std::string& path) {
-    if (path.empty()) return std::nullopt;
+    return readFileUpTo(path, std::numeric_limits<std::uintmax_t>::max()).bytes;
+}
+
+BoundedRead LocalFileSystem::readFileUpTo(const std::string& path, std::uintmax_t limit) {
+    if (path.empty()) return {};
     // One look at the disk for a path that is exact already, as paths from listings are.
     std::error_code ec;
     std::string where = nativeSeparators(path);
@@ -268,25 +273,35 @@ std::optional<std::string> LocalFileSystem::readFile(const std::string& path) {
         where = resolve(path);
         status = fs::status(toPath(where), ec);
     }
-    if (!fs::is_regular_file(status)) return std::nullopt;
+    if (!fs::is_regular_file(status)) return {};
     std::FILE* file = openFile(where, "rb");
-    if (!file) return std::nullopt;
+    if (!file) return {};
     std::string bytes;
-    // Read in one go when the size is known; a file that grows meanwhile is read to its end.
+    // Read in one go when the size is known; a file that grows meanwhile is read to its end,
+    // or to the limit.
     if (std::fseek(file, 0, SEEK_END) == 0) {
         const long size = std::ftell(file);
+        if (size > 0 && static_cast<std::uintmax_t>(size) > limit) {
+            std::fclose(file);
+            return {std::nullopt, true};
+        }
         if (size > 0) bytes.resize(static_cast<std::size_t>(size));
     }
     std::rewind(file);
     std::size_t got = bytes.empty() ? 0 : std::fread(bytes.data(), 1, bytes.size(), file);
     bytes.resize(got);
     char buffer[4096];
-    while ((got = std::fread(buffer, 1, sizeof buffer, file)) > 0)
+    while ((got = std::fread(buffer, 1, sizeof buffer, file)) > 0) {
         bytes.append(buffer, got);
+        if (bytes.size() > limit) {
+            std::fclose(file);
+            return {std::nullopt, true};
+        }
+    }
     const bool failed = std::ferror(file) != 0;
     std::fclose(file);
-    if (failed) return std::nullopt;
-    return bytes;
+    if (failed) return {};
+    return {std::move(bytes), false};
 }
 
 std::optional<std::string> LocalFileSystem::writeChunk(std::FILE* file, std::uintmax_t,

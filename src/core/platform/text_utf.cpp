@@ -54,8 +54,10 @@ template <typename Char>
 std::basic_string<Char> trimBlanksOf(std::basic_string_view<Char> text) {
     std::size_t begin = 0;
     std::size_t end = text.size();
-    while (begin < end && text[begin] == Char(' ')) ++begin;
-    while (end > begin && text[end - 1] == Char(' ')) --end;
+    while (begin < end && text[begin] == Char(' '))
+        ++begin;
+    while (end > begin && text[end - 1] == Char(' '))
+        --end;
     return std::basic_string<Char>(text.substr(begin, end - begin));
 }
 
@@ -96,6 +98,22 @@ std::u16string toUtf16(std::string_view text) {
     return out;
 }
 
+std::u16string fromWindows1252(std::string_view bytes) {
+    // 0x80..0x9F; 0 marks the bytes the code page leaves undefined.
+    static constexpr char16_t kHighControls[32] = {
+        0x20AC, 0,      0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
+        0x2039, 0x0152, 0,      0x017D, 0,      0,      0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
+        0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0,      0x017E, 0x0178};
+    std::u16string text;
+    text.reserve(bytes.size());
+    for (char c : bytes) {
+        const auto byte = static_cast<unsigned char>(c);
+        const char16_t mapped = byte >= 0x80 && byte <= 0x9F ? kHighControls[byte - 0x80] : 0;
+        text += mapped != 0 ? mapped : static_cast<char16_t>(byte);
+    }
+    return text;
+}
+
 std::size_t utf8Length(std::string_view text) {
     std::size_t count = 0;
     for (char c : text) {
@@ -131,7 +149,11 @@ std::u16string upperAscii(std::u16string_view text) {
     return out;
 }
 
-std::string trimBlanks(std::string_view text) { return trimBlanksOf(text); }
-std::u16string trimBlanks(std::u16string_view text) { return trimBlanksOf(text); }
+std::string trimBlanks(std::string_view text) {
+    return trimBlanksOf(text);
+}
+std::u16string trimBlanks(std::u16string_view text) {
+    return trimBlanksOf(text);
+}
 
 }  // namespace rakeyard

@@ -8,6 +8,9 @@ namespace rakeyard {
 // program keeps. Unpaired surrogates and invalid bytes become U+FFFD.
 std::string toUtf8(std::u16string_view text);
 std::u16string toUtf16(std::string_view text);
+// 8-bit text in the Windows-1252 code page: bytes 80-9F are its quotes, dashes, euro sign...,
+// its five undefined bytes and every other byte keep their own value (Latin-1).
+std::u16string fromWindows1252(std::string_view bytes);
 // Characters (code points) in a UTF-8 string, and its first n characters.
 std::size_t utf8Length(std::string_view text);
 std::string utf8Left(std::string_view text, std::size_t count);

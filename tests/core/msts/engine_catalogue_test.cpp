@@ -6,6 +6,7 @@
 #include <memory>
 
 #include "core/msts/catalogue_reader.h"
+#include "core/msts/unit_file.h"
 #include "core/platform/paths.h"
 #include "support/fakes.h"
 #include "support/msts_tree.h"
@@ -335,6 +336,24 @@ TEST_F(ReadEngineFiles, CancelAtTheEndDeletesTheReport) {
     fake.dialogs.answers.push_back(Answer::Cancel);
     read();
     EXPECT_FALSE(msts.exists("home/Reports/StartErrors.txt"));
+}
+
+TEST_F(ReadEngineFiles, FilesTooLargeOrUnreadableAreFindingsOfTheirOwn) {
+    writeEngine("A", "GP38.eng", EngineParts().text());
+    const std::string huge = writeEngine("B", "Huge.eng", EngineParts().text());
+    std::filesystem::resize_file(huge, kUnitFileSizeLimit + 1);  // sparse: no disk used
+    writeEngine("C", "Locked.eng", EngineParts().text());
+    fake.fs.unreadableNames = {"Locked.eng"};
+    read();
+    EXPECT_EQ(engine(0).fileName, "GP38.eng");
+    EXPECT_EQ(catalogue->engineCount, 1u);
+    EXPECT_EQ(startErrors(),
+              "The file Huge.eng is larger than 16 MB, far more than a unit file holds, and so it "
+              "wasn't read.\r\nFolder " +
+                  folder("B") +
+                  "\r\n\r\n"
+                  "The file Locked.eng couldn't be read.\r\nFolder " +
+                  folder("C") + "\r\n\r\n");
 }
 
 TEST_F(ReadEngineFiles, AReportThatCannotBeWrittenIsToldNotOffered) {

@@ -2,8 +2,11 @@
 
 #include <gtest/gtest.h>
 
+#include <filesystem>
+
 #include "core/msts/msts_text.h"
 #include "core/platform/paths.h"
+#include "core/platform/text_utf.h"
 #include "support/fakes.h"
 #include "support/msts_tree.h"
 
@@ -46,6 +49,70 @@ TEST_F(CheckUnicode, SaysSoWhenAllFilesPass) {
     EXPECT_EQ(fake.dialogs.texts(),
               (std::vector<std::string>{"All scanned files are in Unicode format"}));
     EXPECT_EQ(fake.dialogs.shown[0].icon, Icon::Information);
+}
+
+// The file bytes of a UTF-8 text: FF FE and UTF-16 LE.
+std::string utf16File(std::string_view text) {
+    return encodeMstsText(toUtf16(text));
+}
+
+TEST(UnicodeFileBytes, KeepsTheCharactersOfEachEncoding) {
+    const std::string line = kHeader + "\r\n";
+    const struct {
+        const char* what;
+        std::string bytes;
+        std::string text;  // UTF-8 of what the file must hold
+    } cases[] = {
+        {"Windows-1252", line + "\x92 \x80 \x96 \xE9 \x81", line + "’ € – é \xC2\x81"},
+        {"UTF-8 with its mark", "\xEF\xBB\xBF" + line + "č 日", line + "č 日"},
+        {"big-endian",
+         "\xFE\xFF" +
+             [&] {
+                 std::string big;
+                 for (char16_t c : toUtf16(line + "č 日")) {
+                     big += static_cast<char>(c >> 8);
+                     big += static_cast<char>(c & 0xFF);
+                 }
+                 return big;
+             }(),
+         line + "č 日"},
+    };
+    for (const auto& c : cases) {
+        const std::optional<std::string> converted = unicodeFileBytes(c.bytes);
+        ASSERT_TRUE(converted) << c.what;
+        EXPECT_EQ(*converted, utf16File(c.text)) << c.what;
+        EXPECT_TRUE(isUnicodeText(*converted)) << c.what;
+        EXPECT_EQ(unicodeFileBytes(*converted), std::nullopt) << c.what << ": never again";
+    }
+}
+
+TEST_F(CheckUnicode, AFileThatIsUtf16AlreadyIsListedButNeverRewritten) {
+    // LF line ends: the first line runs on, so the file fails the test.
+    const std::string bytes = utf16File(kHeader + "\n\nWagon ( a\n");
+    const std::string path = msts.writeBytes("TRAINS/TRAINSET/A/a.eng", bytes);
+    EXPECT_EQ(checkUnicode(paths, fake.services), std::vector<std::string>{path});
+    for (int run = 0; run < 2; ++run) {
+        fake.dialogs.shown.clear();
+        EXPECT_TRUE(convertToUnicode({path}, fake.services).empty());
+        EXPECT_EQ(test::readWholeFile(path), bytes);
+        ASSERT_EQ(fake.dialogs.shown.size(), 1u);
+        EXPECT_EQ(fake.dialogs.shown[0].icon, Icon::Exclamation);
+        EXPECT_NE(fake.dialogs.shown[0].text.find("left as it is"), std::string::npos);
+    }
+}
+
+TEST_F(CheckUnicode, AFileThatCannotBeReadIsToldApartNotListed) {
+    msts.writeBytes("TRAINS/TRAINSET/A/b.eng", kHeader + "\r\n");
+    std::filesystem::create_directories(file("A/a.eng"));  // a folder: no file to read
+    std::filesystem::create_directories(file("A/c.eng"));
+    EXPECT_EQ(checkUnicode(paths, fake.services), std::vector<std::string>{file("A/b.eng")});
+    EXPECT_TRUE(fake.dialogs.texts().empty());  // folders are not files: passed over
+
+    const std::string locked = msts.writeBytes("TRAINS/TRAINSET/A/d.eng", kHeader + "\r\n");
+    fake.fs.unreadableNames = {"d.eng"};
+    EXPECT_EQ(checkUnicode(paths, fake.services), std::vector<std::string>{file("A/b.eng")});
+    EXPECT_EQ(fake.dialogs.texts(),
+              std::vector<std::string>{"These files could not be read:\n" + locked});
 }
 
 TEST_F(CheckUnicode, ConversionWidensEachByteBehindTheMark) {
