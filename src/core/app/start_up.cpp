@@ -75,10 +75,19 @@ void prepareReports(const PathGlobals& paths, FileSystem& fs) {
     (void)fs.removeFile(startErrorsFile(paths));
 }
 
-// An unset filter becomes "All", stored at once.
-void settleFilter(std::string SettingsRecord::*field, std::string& global, AppState& state,
-                  Services& services) {
-    if (!isUnset(global)) return;
+// An unset filter becomes "All", stored at once. So does one that is none of the menu's words
+// (a damaged settings.bin), which would show an empty list; the user is told of that once.
+void settleFilter(std::string SettingsRecord::*field, std::string& global,
+                  std::initializer_list<std::string_view> menuWords, std::string_view units,
+                  AppState& state, Services& services) {
+    const bool known = std::find(menuWords.begin(), menuWords.end(), global) != menuWords.end();
+    if (known) return;
+    if (!isUnset(global)) {
+        services.dialogs.report("The stored " + std::string(units) + " filter \"" + global +
+                                    "\" is not one of the menu's: all " + std::string(units) +
+                                    "s are shown.",
+                                Icon::Exclamation);
+    }
     global = "All";
     setText(state.settings, field, global);
     (void)saveSettings(state.settings, state.paths, services);
@@ -93,8 +102,10 @@ StartUpResult initProg(AppState& state, Services& services, StartUpWindows& wind
     readEngineFiles(state.paths, state.catalogue, services, state.debugMode);
     readWagonFiles(state.paths, state.catalogue, services, state.debugMode);
     if (!state.debugMode) services.progress.showDebug(false);
-    settleFilter(&SettingsRecord::showLocoType, state.paths.engineFilter, state, services);
-    settleFilter(&SettingsRecord::showWagonType, state.paths.wagonFilter, state, services);
+    settleFilter(&SettingsRecord::showLocoType, state.paths.engineFilter,
+                 {"Steam", "Diesel", "Electric", "AI", "All"}, "engine", state, services);
+    settleFilter(&SettingsRecord::showWagonType, state.paths.wagonFilter,
+                 {"Freight", "Carriage", "Tender", "All"}, "wagon", state, services);
     state.consist.selectionBuffer.assign(1, ConsistSlot{});
     return StartUpResult::Ready;
 }

@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <deque>
 
 #include "core/msts/catalogue_reader.h"
@@ -101,6 +102,30 @@ TEST_F(InitProg, FirstRunAsksForPathEditorViewerAndScreenshotsInThatOrder) {
     ASSERT_EQ(initProg(*again, fake.services, quiet), StartUpResult::Ready);
     EXPECT_TRUE(quiet.shown.empty());
     EXPECT_EQ(again->paths.trainsetPath, state->paths.trainsetPath);
+}
+
+TEST_F(InitProg, ADamagedStoredFilterShowsEverythingAndIsToldOnce) {
+    windows.pathTexts = {msts.msts()};
+    ASSERT_EQ(initProg(*state, fake.services, windows), StartUpResult::Ready);
+    setText(state->settings, &SettingsRecord::showLocoType, "Stea\x01m");
+    ASSERT_TRUE(saveSettings(state->settings, state->paths, fake.services));
+
+    for (const std::size_t toldBefore : {std::size_t{0}, std::size_t{1}}) {
+        auto again = std::make_unique<AppState>();
+        again->paths.programFolder = msts.home();
+        ScriptedWindows quiet(*again, fake.services);
+        fake.dialogs.shown.clear();
+        ASSERT_EQ(initProg(*again, fake.services, quiet), StartUpResult::Ready);
+        EXPECT_EQ(again->paths.engineFilter, "All");
+        EXPECT_EQ(again->paths.wagonFilter, "All");
+        const auto told = fake.dialogs.texts();
+        EXPECT_EQ(std::count_if(told.begin(), told.end(),
+                                [](const std::string& text) {
+                                    return text.find("filter") != std::string::npos;
+                                }),
+                  1 - static_cast<long>(toldBefore))
+            << "the second start finds All stored";
+    }
 }
 
 TEST_F(InitProg, RefusedViewerSkipsScreenshotsWindowAndDisablesButton) {
