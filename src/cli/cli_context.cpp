@@ -1,11 +1,9 @@
 #include "cli/cli_context.h"
 
-#include <unistd.h>
-
-#include <filesystem>
-
 #include "cli/path_options.h"
 #include "core/app/start_up.h"
+#include "core/platform/console.h"
+#include "core/platform/program_folder.h"
 
 namespace rakeyard::cli {
 namespace {
@@ -33,23 +31,17 @@ private:
 
 CliContext::CliContext(GlobalOptions globalOptions)
     : options(std::move(globalOptions)),
-      progress(isatty(STDERR_FILENO) == 1),
+      progress(isTerminal(stderr)),
       dialogs(options.answer, stderr) {
     dialogs.setBeforeMessage(&progress);
 }
 
 int CliContext::startUp() {
-    namespace stdfs = std::filesystem;
-    std::error_code error;
-    const std::string home = options.home ? *options.home : defaultProgramFolder();
-    stdfs::create_directories(home, error);
-    if (!stdfs::is_directory(home, error)) {
-        dialogs.report("The program's folder " + home + " can't be made.", Icon::Stop);
+    const std::string folder = programFolder(options.home);
+    if (!fs.isFolder(folder)) {
+        dialogs.report("The program's folder " + folder + " can't be made.", Icon::Stop);
         return kExitUsage;
     }
-    std::string folder = stdfs::absolute(home, error).lexically_normal().string();
-    while (folder.size() > 1 && folder.back() == '/')
-        folder.pop_back();
     state->paths.programFolder = folder;
     if (!applyPathOptions(options, state->paths, services)) return kExitUsage;
 

@@ -34,8 +34,4 @@ public:
     Services services{fs, dialogs, progress, desktop};
 };
 
-// The program's folder when --home is not given: the folder of the executable where it may be
-// written, else the user's data folder (~/.local/share/rakeyard).
-std::string defaultProgramFolder();
-
 }  // namespace rakeyard::cli

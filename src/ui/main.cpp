@@ -9,6 +9,7 @@
 
 #include "core/app/start_up.h"
 #include "core/platform/local_file_system.h"
+#include "core/platform/program_folder.h"
 #include "core/settings/settings_file.h"
 #include "ui/frmMain.h"
 #include "ui/frmSplash.h"
@@ -36,20 +37,6 @@ ProgramArguments splitArguments(QStringList arguments) {
     return result;
 }
 
-// The program's folder: the one named by --home, else the executable's folder when it can be
-// written to, else a folder of the user's own.
-QString programFolder(const QString& home) {
-    QString folder = home;
-    if (folder.isEmpty()) {
-        const QString beside = QCoreApplication::applicationDirPath();
-        folder = QFileInfo(beside).isWritable()
-                     ? beside
-                     : QStandardPaths::writableLocation(QStandardPaths::AppDataLocation);
-    }
-    QDir().mkpath(folder);
-    return QDir(folder).absolutePath();
-}
-
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -68,7 +55,8 @@ int main(int argc, char** argv) {
     });
     Services services{fs, dialogs, progress, desktop};
     auto state = std::make_unique<AppState>();
-    state->paths.programFolder = stdString(programFolder(arguments.home));
+    state->paths.programFolder = programFolder(
+        arguments.home.isEmpty() ? std::nullopt : std::optional(stdString(arguments.home)));
 
     QApplication::setOverrideCursor(Qt::WaitCursor);
     QPointer<frmSplash> splash = new frmSplash();

@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <cstdlib>
 #include <filesystem>
 
 #include "cli/cli_runner.h"
@@ -105,6 +106,15 @@ TEST(CliUsage, ASettingsRecordThatCannotBeWrittenEndsWithAnErrorStatus) {
         runCli({"--home", msts.home(), "--msts", msts.msts(), "catalogue", "engines"});
     EXPECT_THAT(run.err, HasSubstr("error: The settings could not be saved"));
     EXPECT_NE(run.status, 0);
+}
+
+TEST(CliUsage, TheProgramFolderComesFromRakeyardHomeWithoutHome) {
+    MstsTree msts;
+    ::setenv("RAKEYARD_HOME", msts.home().c_str(), 1);
+    const CliRun run = runCli({"--msts", msts.msts(), "catalogue", "engines"});
+    ::unsetenv("RAKEYARD_HOME");
+    EXPECT_EQ(run.status, 0) << run.err;
+    EXPECT_TRUE(std::filesystem::exists(msts.home() + "/settings.bin"));
 }
 
 TEST(CliUsage, MstsFolderThatDoesNotExistIsRefusedWithStatus2) {
