@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "core/msts/ordered_work.h"
+#include "core/msts/trainset_files.h"
 #include "core/msts/unit_file.h"
 #include "core/platform/paths.h"
 #include "core/platform/text_utf.h"
@@ -44,36 +45,6 @@ const UnitKind kWagons{".WAG",
                        readWagonFile,
                        true};
 
-struct UnitListing {
-    std::string file;
-    std::string folder;  // full path
-};
-
-bool hasExtension(std::string_view name, std::string_view upperExtension) {
-    return name.size() >= upperExtension.size() &&
-           upperAscii(name.substr(name.size() - upperExtension.size())) == upperExtension;
-}
-
-// The unit files of each direct subfolder of Trainset, folder by folder in listing order.
-std::vector<UnitListing> collectUnitFiles(const PathGlobals& paths, const UnitKind& kind,
-                                          Services& services) {
-    const std::string trainset = services.fs.resolve(paths.trainsetPath);
-    std::vector<std::string> folders;
-    for (const DirEntry& entry : services.fs.listFolder(trainset)) {
-        if (entry.isFolder) folders.push_back(joinPath(trainset, entry.name));
-    }
-    services.progress.start(kind.loadingLabel, static_cast<int>(folders.size()));
-    std::vector<UnitListing> listing;
-    for (const std::string& folder : folders) {
-        services.progress.step();
-        for (const DirEntry& entry : services.fs.listFolder(folder)) {
-            if (!entry.isFolder && !entry.name.empty() && hasExtension(entry.name, kind.extension))
-                listing.push_back({entry.name, folder});
-        }
-    }
-    return listing;
-}
-
 unsigned defaultWorkerCount() {
     const unsigned cores = std::thread::hardware_concurrency();
     return cores == 0 ? 1 : std::min(cores, 8u);
@@ -104,7 +75,9 @@ void readUnitFiles(const UnitKind& kind, const PathGlobals& paths, std::span<Uni
     for (UnitRecord& record : records)
         record = UnitRecord{};
     count = 0;
-    const std::vector<UnitListing> listing = collectUnitFiles(paths, kind, services);
+    const std::vector<TrainsetFile> listing = listTrainsetFiles(
+        paths, services, kind.loadingLabel,
+        [&](std::string_view name) { return hasExtension(name, kind.extension); });
     if (listing.size() > kind.loadLimit) {
         services.dialogs.report(
             std::to_string(listing.size()) + " " + std::string(kind.plural) +
@@ -117,7 +90,7 @@ void readUnitFiles(const UnitKind& kind, const PathGlobals& paths, std::span<Uni
 
     services.progress.start(kind.retrievingLabel, static_cast<int>(listing.size()));
     const auto readOne = [&](std::size_t i) {
-        const UnitListing& entry = listing[i];
+        const TrainsetFile& entry = listing[i];
         if (kind.skipsDefaultWagon && upperAscii(entry.file) == "DEFAULT.WAG")
             return UnitFileResult{};
         try {

@@ -1,5 +1,5 @@
-#include <cmath>
 #include <charconv>
+#include <cmath>
 #include <string>
 
 #include "core/msts/msts_text.h"

@@ -3,6 +3,7 @@
 #include <optional>
 
 #include "core/msts/msts_text.h"
+#include "core/msts/trainset_files.h"
 #include "core/platform/paths.h"
 #include "core/platform/text_utf.h"
 
@@ -44,26 +45,16 @@ std::optional<std::string> unicodeFileBytes(std::string_view bytes) {
 }
 
 std::vector<std::string> checkUnicode(const PathGlobals& paths, Services& services) {
-    FileSystem& fs = services.fs;
-    const std::string trainset = fs.resolve(paths.trainsetPath);
-    std::vector<std::string> folders;
-    for (const DirEntry& entry : fs.listFolder(trainset)) {
-        if (entry.isFolder) folders.push_back(joinPath(trainset, entry.name));
-    }
-    services.progress.start("Please wait. Checking files...", static_cast<int>(folders.size()));
     std::vector<std::string> failing;
     std::string unreadable;
-    for (const std::string& folder : folders) {
-        services.progress.step();
-        for (const DirEntry& entry : fs.listFolder(folder)) {
-            if (entry.isFolder || !isCheckedFile(entry.name)) continue;
-            const std::string path = joinPath(folder, entry.name);
-            const std::optional<std::string> bytes = fs.readFile(path);
-            if (!bytes) {
-                unreadable += "\n" + path;
-            } else if (!isUnicodeText(*bytes)) {
-                failing.push_back(path);
-            }
+    for (const TrainsetFile& entry :
+         listTrainsetFiles(paths, services, "Please wait. Checking files...", isCheckedFile)) {
+        const std::string path = joinPath(entry.folder, entry.file);
+        const std::optional<std::string> bytes = services.fs.readFile(path);
+        if (!bytes) {
+            unreadable += "\n" + path;
+        } else if (!isUnicodeText(*bytes)) {
+            failing.push_back(path);
         }
     }
     if (!unreadable.empty())

@@ -1,0 +1,33 @@
+#include "core/msts/trainset_files.h"
+
+#include "core/platform/paths.h"
+#include "core/platform/text_utf.h"
+
+namespace rakeyard {
+
+bool hasExtension(std::string_view name, std::string_view upperExtension) {
+    return name.size() >= upperExtension.size() &&
+           upperAscii(name.substr(name.size() - upperExtension.size())) == upperExtension;
+}
+
+std::vector<TrainsetFile> listTrainsetFiles(const PathGlobals& paths, Services& services,
+                                            std::string_view label,
+                                            const std::function<bool(std::string_view)>& wanted) {
+    const std::string trainset = services.fs.resolve(paths.trainsetPath);
+    std::vector<std::string> folders;
+    for (const DirEntry& entry : services.fs.listFolder(trainset)) {
+        if (entry.isFolder) folders.push_back(joinPath(trainset, entry.name));
+    }
+    services.progress.start(label, static_cast<int>(folders.size()));
+    std::vector<TrainsetFile> files;
+    for (const std::string& folder : folders) {
+        services.progress.step();
+        for (const DirEntry& entry : services.fs.listFolder(folder)) {
+            if (!entry.isFolder && !entry.name.empty() && wanted(entry.name))
+                files.push_back({entry.name, folder});
+        }
+    }
+    return files;
+}
+
+}  // namespace rakeyard
