@@ -24,30 +24,12 @@ void appendUtf8(std::string& out, char32_t c) {
     }
 }
 
-// Decodes one character at text[i], moving i past it.
+// Decodes one character at text[i], moving i past it; U+FFFD for a byte that begins no
+// well-formed character.
 char32_t nextUtf8(std::string_view text, std::size_t& i) {
-    const auto lead = static_cast<unsigned char>(text[i++]);
-    if (lead < 0x80) return lead;
-    int extra = 0;
-    char32_t c = 0;
-    if ((lead & 0xE0) == 0xC0) {
-        extra = 1;
-        c = lead & 0x1F;
-    } else if ((lead & 0xF0) == 0xE0) {
-        extra = 2;
-        c = lead & 0x0F;
-    } else if ((lead & 0xF8) == 0xF0) {
-        extra = 3;
-        c = lead & 0x07;
-    } else {
-        return kReplacement;
-    }
-    for (int k = 0; k < extra; ++k) {
-        if (i >= text.size() || (static_cast<unsigned char>(text[i]) & 0xC0) != 0x80)
-            return kReplacement;
-        c = (c << 6) | (static_cast<unsigned char>(text[i++]) & 0x3F);
-    }
-    return c > 0x10FFFF ? kReplacement : c;
+    const Utf8Character found = utf8CharacterAt(text, i);
+    i += found.length == 0 ? 1 : found.length;
+    return found.length == 0 ? kReplacement : found.character;
 }
 
 template <typename Char>
@@ -62,6 +44,26 @@ std::basic_string<Char> trimBlanksOf(std::basic_string_view<Char> text) {
 }
 
 }  // namespace
+
+Utf8Character utf8CharacterAt(std::string_view text, std::size_t i) {
+    const auto byte = [&](std::size_t k) { return static_cast<unsigned char>(text[k]); };
+    const unsigned char lead = byte(i);
+    if (lead < 0x80) return {lead, 1};
+    // Lead bytes C0, C1 and F5 to FF begin no well-formed sequence.
+    const std::size_t length = lead >= 0xC2 && lead <= 0xDF   ? 2
+                               : lead >= 0xE0 && lead <= 0xEF ? 3
+                               : lead >= 0xF0 && lead <= 0xF4 ? 4
+                                                              : 0;
+    if (length == 0 || i + length > text.size()) return {};
+    constexpr char32_t kLeast[] = {0, 0, 0x80, 0x800, 0x10000};
+    char32_t c = lead & (0x7F >> length);
+    for (std::size_t k = 1; k < length; ++k) {
+        if ((byte(i + k) & 0xC0) != 0x80) return {};
+        c = (c << 6) | (byte(i + k) & 0x3F);
+    }
+    if (c < kLeast[length] || c > 0x10FFFF || (c >= 0xD800 && c <= 0xDFFF)) return {};
+    return {c, length};
+}
 
 std::string toUtf8(std::u16string_view text) {
     std::string out;

@@ -4,6 +4,15 @@
 
 namespace rakeyard {
 
+// The character of the UTF-8 sequence at text[i] and its length in bytes; length 0 when the
+// bytes there are no well-formed sequence (overlong forms and surrogates included). The one
+// UTF-8 decoder of the program.
+struct Utf8Character {
+    char32_t character = 0;
+    std::size_t length = 0;
+};
+[[nodiscard]] Utf8Character utf8CharacterAt(std::string_view text, std::size_t i);
+
 // Conversions between the UTF-16 text of MSTS files and the UTF-8 strings the rest of the
 // program keeps. Unpaired surrogates and invalid bytes become U+FFFD.
 std::string toUtf8(std::u16string_view text);

@@ -7,10 +7,6 @@
 
 namespace rakeyard {
 
-// Moves a file or folder to the recycle bin, from where the user can take it back. Whether it
-// went is not looked at: callers judge by the file being gone.
-void recycleFile(Desktop& desktop, const std::string& path);
-
 // The text as little-endian UTF-16 bytes, as MSTS files hold text: ASCII gets a zero byte after
 // each character. Text is read as UTF-8; a byte that is no part of a UTF-8 character is taken
 // as the 8-bit (Latin-1) character of that value.
