@@ -194,7 +194,8 @@ TEST(CatalogueOfSamples, EveryFilterShowsSomething) {
 
 TEST(CatalogueOfRealContent, ReadsEveryRealInstallation) {
     const std::filesystem::path realdata = RAKEYARD_REALDATA_DIR;
-    if (!std::filesystem::is_directory(realdata)) GTEST_SKIP() << "no real content here";
+    if (!std::filesystem::is_directory(realdata))
+        GTEST_SKIP() << "no real MSTS content at " << realdata << " (set RAKEYARD_REALDATA_DIR)";
     for (const auto& source : std::filesystem::directory_iterator(realdata)) {
         if (!std::filesystem::is_directory(source.path() / "TRAINS" / "TRAINSET")) continue;
         TempFolder home;

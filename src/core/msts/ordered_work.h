@@ -11,15 +11,23 @@
 
 namespace rakeyard {
 
+// What one job came to: its result, or what its work threw.
+template <typename Result>
+struct JobOutcome {
+    std::optional<Result> result;
+    std::exception_ptr failure;
+    bool ready() const { return result.has_value() || failure != nullptr; }
+};
+
 // Runs work(i) for i = 0 .. count-1 on worker threads and apply(i, result) on the calling
-// thread strictly in order of i, so the outcome is that of a serial run. Workers run at most a
-// window of results ahead of apply. work must not throw; what apply throws ends the run (the
-// workers are stopped and joined) and goes on to the caller.
-template <typename Result, typename Work, typename Apply>
+// thread strictly in order of i, so the outcome is that of a serial run. Workers run at most
+// kWindow results ahead of apply. What work(i) throws is thrown on the calling thread when i's
+// turn comes, as a serial run would; what work or apply throws ends the run (the workers are
+// stopped and joined) and goes on to the caller.
+template <typename Result, typename Work, typename Apply, std::size_t kWindow = 64>
 void forEachInOrder(std::size_t count, unsigned workers, Work work, Apply apply) {
-    constexpr std::size_t kWindow = 64;
-    constexpr std::size_t kChunk = 8;  // jobs a worker takes at once: fewer wake-ups
-    std::vector<std::optional<Result>> slots(kWindow);
+    constexpr std::size_t kChunk = kWindow < 8 ? 1 : 8;  // jobs a worker takes at once
+    std::vector<JobOutcome<Result>> slots(kWindow);
     std::mutex mutex;
     std::condition_variable changed;
     std::size_t nextJob = 0;
@@ -36,13 +44,17 @@ void forEachInOrder(std::size_t count, unsigned workers, Work work, Apply apply)
             const std::size_t last = std::min({count, first + kChunk, applied + kWindow});
             nextJob = last;
             lock.unlock();
-            std::vector<Result> results;
-            results.reserve(last - first);
-            for (std::size_t job = first; job < last; ++job)
-                results.push_back(work(job));
+            std::vector<JobOutcome<Result>> outcomes(last - first);
+            for (std::size_t job = first; job < last; ++job) {
+                try {
+                    outcomes[job - first].result.emplace(work(job));
+                } catch (...) {
+                    outcomes[job - first].failure = std::current_exception();
+                }
+            }
             lock.lock();
             for (std::size_t job = first; job < last; ++job)
-                slots[job % kWindow] = std::move(results[job - first]);
+                slots[job % kWindow] = std::move(outcomes[job - first]);
             changed.notify_all();
         }
     };
@@ -75,10 +87,11 @@ void forEachInOrder(std::size_t count, unsigned workers, Work work, Apply apply)
     try {
         for (std::size_t i = 0; i < count; ++i) {
             std::unique_lock lock(mutex);
-            std::optional<Result>& slot = slots[i % kWindow];
-            changed.wait(lock, [&] { return slot.has_value(); });
-            Result result = std::move(*slot);
-            slot.reset();
+            JobOutcome<Result>& slot = slots[i % kWindow];
+            changed.wait(lock, [&] { return slot.ready(); });
+            if (slot.failure) std::rethrow_exception(slot.failure);
+            Result result = std::move(*slot.result);
+            slot = {};
             // Workers wait for room only when a whole window is ahead.
             const bool roomMade = ++applied % kChunk == 0;
             lock.unlock();

@@ -278,7 +278,8 @@ TEST_F(LoadConsist, RealConsistsLoadAndSurviveASave) {
     namespace fs = std::filesystem;
     const fs::path folder =
         fs::path(RAKEYARD_REALDATA_DIR) / "YoRyan_openrails-timetables/TRAINS/CONSISTS";
-    if (!fs::is_directory(folder)) GTEST_SKIP() << "no real data";
+    if (!fs::is_directory(folder))
+        GTEST_SKIP() << "no real MSTS content at " << folder << " (set RAKEYARD_REALDATA_DIR)";
     int loaded = 0;
     for (const auto& entry : fs::directory_iterator(folder)) {
         std::unique_ptr<AppState> fresh = std::make_unique<AppState>();

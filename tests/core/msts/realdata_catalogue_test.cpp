@@ -32,7 +32,9 @@ protected:
     void SetUp() override {
         const std::string trainset =
             std::string(RAKEYARD_REALDATA_DIR) + "/cjakeman_Demo-Model-1/TRAINS/TRAINSET";
-        if (!std::filesystem::is_directory(trainset)) GTEST_SKIP() << "no real data at hand";
+        if (!std::filesystem::is_directory(trainset))
+            GTEST_SKIP() << "no real MSTS content at " << trainset
+                         << " (set RAKEYARD_REALDATA_DIR)";
         paths.trainsetPath = trainset;
         paths.programFolder = home.path();
         std::filesystem::create_directories(home / "Reports");

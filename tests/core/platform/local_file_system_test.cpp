@@ -80,7 +80,8 @@ TEST(ListFolder, TellsFoldersAndFileSizesAndIsEmptyForAMissingFolder) {
 TEST(ListFolder, RealTrainsetIsListedInOrder) {
     const std::string trainset =
         std::string(RAKEYARD_REALDATA_DIR) + "/cjakeman_Demo-Model-1/TRAINS/TRAINSET";
-    if (!fs::is_directory(trainset)) GTEST_SKIP() << "no real data at " << trainset;
+    if (!fs::is_directory(trainset))
+        GTEST_SKIP() << "no real MSTS content at " << trainset << " (set RAKEYARD_REALDATA_DIR)";
     LocalFileSystem files;
     const std::vector<DirEntry> entries = files.listFolder(trainset);
     ASSERT_GT(entries.size(), 1u);
@@ -173,7 +174,8 @@ TEST(ResolveRealData, FindsAUnitFileWhoseNameDiffersInCaseFromItsFolder) {
     const std::string root = std::string(RAKEYARD_REALDATA_DIR) + "/cjakeman_Demo-Model-1";
     const std::string onDisk =
         root + "/TRAINS/TRAINSET/mt_dd_class_27_27207/MT_DD_CLASS_27_27207.eng";
-    if (!fs::exists(onDisk)) GTEST_SKIP() << "no real data at " << onDisk;
+    if (!fs::exists(onDisk))
+        GTEST_SKIP() << "no real MSTS content at " << onDisk << " (set RAKEYARD_REALDATA_DIR)";
     LocalFileSystem files;
     EXPECT_EQ(
         files.resolve(root + "\\trains\\trainset\\MT_DD_CLASS_27_27207\\mt_dd_class_27_27207.ENG"),
