@@ -23,7 +23,7 @@ LoadOutcome loadNamedConsist(CliContext& context, const std::string& argument) {
         context.dialogs.report("There is no consist file " + path, Icon::Stop);
         return LoadOutcome::Failed;
     }
-    clearAll(state, context.services);
+    clearAll(state.consist);
     state.consist.consistToLoad = path;
     return loadConsistFile(state, context.services);
 }
@@ -153,7 +153,7 @@ int runConsistNew(CliContext& context, CommandArguments& arguments) {
         }
         units.push_back(*found.unit);
     }
-    clearAll(state, context.services);
+    clearAll(state.consist);
     for (const NamedUnit& unit : units) {
         const auto records =
             usedRecords(state.catalogue, unit.isEngine ? UnitClass::Engine : UnitClass::Wagon);

@@ -11,6 +11,7 @@
 #include <QPushButton>
 #include <QTimer>
 
+#include "core/app/consist_flows.h"
 #include "core/settings/settings_file.h"
 #include "ui/handler_guard.h"
 #include "ui/qt_services.h"
@@ -88,7 +89,7 @@ void frmLoadCon::conList_Click() {
     const int index = conList->currentRow();
     if (index < 0) return;
     runGuarded(services_.dialogs, [&] {
-        const auto name = rakeyard::conList_Click(state_, services_, chooser_, index);
+        const auto name = rakeyard::chooseConsistLine(state_, services_, chooser_, index);
         Label1->setText(name ? qs(*name) : QString());
     });
 }
@@ -98,7 +99,7 @@ void frmLoadCon::OKButton_Click() {
     if (index < 0) return;
     runGuarded(services_.dialogs, [&] {
         hide();
-        rakeyard::OKButton_Click(state_, services_, chooser_, index);
+        rakeyard::loadChosenConsist(state_, services_, chooser_, index);
         loaded_ = true;
     });
     done(QDialog::Accepted);
@@ -140,7 +141,7 @@ void frmLoadCon::conList_KeyDown(QKeyEvent* event) {
     const int index = conList->currentRow();
     if (index < 0) return;
     runGuarded(services_.dialogs,
-               [&] { rakeyard::conList_Delete(state_, services_, chooser_, index); });
+               [&] { rakeyard::deleteChosenConsist(state_, services_, chooser_, index); });
     readConsistFiles();
     conList->setCurrentRow(std::min(index, conList->count() - 1));
 }
@@ -150,7 +151,7 @@ void frmLoadCon::conList_MouseDown(QMouseEvent* event) {
     const QModelIndex item = conList->indexAt(event->position().toPoint());
     if (!item.isValid()) return;
     runGuarded(services_.dialogs,
-               [&] { rakeyard::conList_CtrlClick(state_, services_, chooser_, item.row()); });
+               [&] { rakeyard::editChosenConsist(state_, services_, chooser_, item.row()); });
 }
 
 }  // namespace rakeyard::ui

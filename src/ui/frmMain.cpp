@@ -15,6 +15,7 @@
 #include <QToolBar>
 #include <QToolButton>
 
+#include "core/app/consist_flows.h"
 #include "core/app/start_up.h"
 #include "core/consist/consist_model.h"
 #include "core/consist/consist_writer.h"
@@ -313,10 +314,14 @@ void frmMain::mnuExit_Click() {
 }
 
 void frmMain::closeEvent(QCloseEvent* event) {
-    runGuarded(services_.dialogs, [&] {
-        offerSaveOnUnload(state_, services_);
-        storeWindowPlace();
-    });
+    bool goOn = true;
+    runGuarded(services_.dialogs, [&] { goOn = offerSaveOnUnload(state_, services_); });
+    if (!goOn) {
+        event->ignore();  // the consist could not be saved: the window stays with it
+        refreshPics();
+        return;
+    }
+    runGuarded(services_.dialogs, [&] { storeWindowPlace(); });
     event->accept();
     QApplication::closeAllWindows();
 }

@@ -15,6 +15,7 @@
 #include "core/consist/consist_reader.h"
 #include "core/consist/consist_writer.h"
 #include "core/consist/editing.h"
+#include "core/consist/save_offer.h"
 #include "core/platform/paths.h"
 #include "core/settings/settings_file.h"
 #include "ui/frm3DViewer.h"
@@ -110,15 +111,14 @@ void frmMain::mnuSave_Click() {
 }
 
 void frmMain::mnuNew_Click() {
-    runGuarded(services_.dialogs, [&] { clearAll(state_, services_); });
+    runGuarded(services_.dialogs, [&] { (void)clearConsist(state_, services_); });
     refreshPics();
 }
 
 void frmMain::mnuEmpty_Click(int index) {
     runGuarded(services_.dialogs, [&] {
         const std::string name = state_.consist.recent.names[index];
-        if (name.empty()) return;
-        clearAll(state_, services_);
+        if (name.empty() || !clearConsist(state_, services_)) return;
         state_.consist.consistToLoad = rakeyard::joinPath(state_.paths.consistsPath, name);
         (void)loadConsistFile(state_, services_);
     });

@@ -8,6 +8,7 @@
 #include <QMenu>
 #include <QTimer>
 
+#include "core/app/consist_flows.h"
 #include "core/consist/consist_model.h"
 #include "core/consist/consist_writer.h"
 #include "core/msts/catalogue_reader.h"
@@ -166,18 +167,9 @@ void frmMain::deleteUnitOfList(QListWidget* list, QKeyEvent* key, bool engines) 
     QListWidgetItem* item = list->currentItem();
     if (!item) return;
     runGuarded(services_.dialogs, [&] {
-        const std::string question =
-            engines ? "Do you really want to delete this locomotive?\nThe files in its folder "
-                      "will all be sent to the Recycle Bin!"
-                    : "Do you really want to delete this wagon?\nThe files in its folder will "
-                      "all be sent to the Recycle Bin!";
-        if (services_.dialogs.ask(question, Buttons::YesNo, Icon::Question, Answer::No) != Answer::Yes) return;
-        const auto records = engines ? enginesOf(state_) : wagonsOf(state_);
-        const auto index =
-            findUnitByKey(records, keyOfLine(stdString(item->text())), KeyCase::Exact);
-        if (!index) return;
-        const UnitRecord unit = records[*index];
-        if (!deleteUnitFolder(state_.paths, unit, services_)) return;
+        if (!deleteUnitOfLine(state_, services_, engines ? UnitClass::Engine : UnitClass::Wagon,
+                              stdString(item->text())))
+            return;
         if (engines) {
             Command1_Click();
         } else {
@@ -190,30 +182,19 @@ void frmMain::deleteUnitOfList(QListWidget* list, QKeyEvent* key, bool engines) 
 // would no longer match the catalogue.
 void frmMain::refreshCatalogue(bool engines) {
     runGuarded(services_.dialogs, [&] {
-        if (state_.consist.consistChanged &&
-            services_.dialogs.ask("Save changes to the consist?", Buttons::YesNo, Icon::Question,
-                                  Answer::No) ==
-                Answer::Yes)
-            (void)saveConsist(state_, services_);
-        state_.consist.consistChanged = false;
         Text2[0]->setFocus();
         QListWidget* list = engines ? locList : wagList;
         list->setVisible(false);
-        clearAll(state_, services_);
-        list->clear();
+        bool refreshed = false;
         {
             WaitScope wait(
                 engines ? "Please wait. Reading engines..." : "Please wait. Reading wagons...",
                 services_.progress, this);
-            if (engines) {
-                readEngineFiles(state_.paths, state_.catalogue, services_, state_.debugMode);
-            } else {
-                readWagonFiles(state_.paths, state_.catalogue, services_, state_.debugMode);
-            }
+            refreshed = rakeyard::refreshCatalogue(state_, services_,
+                                                   engines ? UnitClass::Engine : UnitClass::Wagon);
         }
-        showUnitLists();
+        if (refreshed) showUnitLists();
         list->setVisible(true);
-        services_.progress.showDebug(false);
         showStartErrorsButton();
     });
     refreshPics();

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "core/consist/consist_model.h"
+#include "core/consist/save_offer.h"
 #include "core/msts/catalogue_reader.h"
 #include "core/platform/paths.h"
 #include "core/settings/settings_file.h"
@@ -125,8 +126,8 @@ void storeMainWindowPlace(AppState& state, Services& services, const WindowPlace
 StartUpResult changeMstsPath(AppState& state, Services& services, StartUpWindows& windows,
                              const std::string& oldMstsPath) {
     if (state.paths.mstsPath == oldMstsPath) return StartUpResult::Ready;
+    if (!clearConsist(state, services)) return StartUpResult::Ready;
     clearCatalogue(state.catalogue);
-    clearAll(state, services);
     return initProg(state, services, windows);
 }
 

@@ -47,18 +47,9 @@ struct WindowPlace {
 void storeMainWindowPlace(AppState& state, Services& services, const WindowPlace& place);
 
 // The MSTS path changed at run time: catalogues and the consist are emptied and start-up's
-// steps run again. The caller has shown frmPath; oldMstsPath is the path before it.
+// steps run again. The caller has shown frmPath; oldMstsPath is the path before it. A changed
+// consist is offered for saving first; when that save fails nothing else happens.
 StartUpResult changeMstsPath(AppState& state, Services& services, StartUpWindows& windows,
                              const std::string& oldMstsPath);
-
-}  // namespace rakeyard
-
-namespace rakeyard {
-
-// mnuExit: a changed consist is offered for saving first. False when the user said Yes and the
-// save ended without a file name, so the program goes on running.
-[[nodiscard]] bool confirmExit(AppState& state, Services& services);
-// The main window's unload: a changed consist that has a file name is offered for saving.
-void offerSaveOnUnload(AppState& state, Services& services);
 
 }  // namespace rakeyard

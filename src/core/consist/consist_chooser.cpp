@@ -38,18 +38,19 @@ bool validIndex(const ConsistChooser& chooser, int index) {
     return index >= 0 && static_cast<std::size_t>(index) < chooser.files.size();
 }
 
-std::string pathOf(const AppState& app, const std::string& fileName) {
+}  // namespace
+
+std::string chosenConsistPath(const ConsistContext& app, const std::string& fileName) {
     return joinPath(app.paths.consistsPath, fileName);
 }
 
-}  // namespace
-
-void readConsistFiles(AppState& app, Services& services, ConsistChooser& chooser) {
+void readConsistFiles(const ConsistContext& app, Services& services, ConsistChooser& chooser) {
     chooser.files.clear();
     chooser.lines.clear();
     for (const DirEntry& entry : services.fs.listFolder(app.paths.consistsPath)) {
         if (!isConsistFile(entry)) continue;
-        const std::optional<std::string> bytes = services.fs.readFile(pathOf(app, entry.name));
+        const std::optional<std::string> bytes =
+            services.fs.readFile(chosenConsistPath(app, entry.name));
         if (!bytes) {
             services.dialogs.report("There has been an error in the consist file " + entry.name,
                                     Icon::Stop);
@@ -60,11 +61,11 @@ void readConsistFiles(AppState& app, Services& services, ConsistChooser& chooser
     }
 }
 
-std::optional<std::string> conList_Click(AppState& app, Services& services, ConsistChooser& chooser,
-                                         int index) {
+std::optional<std::string> chooseConsistLine(const ConsistContext& app, Services& services,
+                                             ConsistChooser& chooser, int index) {
     if (!validIndex(chooser, index)) return std::nullopt;
     chooser.currentFile = chooser.files[static_cast<std::size_t>(index)];
-    app.consist.consistToLoad = pathOf(app, chooser.currentFile);
+    app.consist.consistToLoad = chosenConsistPath(app, chooser.currentFile);
     const std::optional<std::string> bytes =
         services.fs.readFile(services.fs.resolve(app.consist.consistToLoad));
     if (!bytes) {
@@ -105,28 +106,18 @@ int lineStartingWith(const ConsistChooser& chooser, std::string_view typed) {
     return -1;
 }
 
-void OKButton_Click(AppState& app, Services& services, const ConsistChooser& chooser, int index) {
-    if (validIndex(chooser, index)) {
-        const auto at = static_cast<std::size_t>(index);
-        setText(app.settings, &SettingsRecord::lastConsist, chooser.lines[at]);
-        (void)saveSettings(app.settings, app.paths, services);  // a failure is told there
-        app.consist.consistToLoad = pathOf(app, chooser.files[at]);
-    }
-    clearAll(app, services);
-    (void)loadConsistFile(app, services);
-}
-
-void conList_Delete(AppState& app, Services& services, ConsistChooser& chooser, int index) {
+void deleteChosenConsist(const ConsistContext& app, Services& services, ConsistChooser& chooser,
+                         int index) {
     if (!validIndex(chooser, index)) return;
     const std::string fileName = chooser.files[static_cast<std::size_t>(index)];
     // As with the shell's recycle bin, the outcome is not looked at: the line goes either way.
-    (void)services.desktop.moveToTrash(services.fs.resolve(pathOf(app, fileName)));
+    (void)services.desktop.moveToTrash(services.fs.resolve(chosenConsistPath(app, fileName)));
     chooser.files.erase(chooser.files.begin() + index);
     chooser.lines.erase(chooser.lines.begin() + index);
     if (chooser.currentFile == fileName) chooser.currentFile.clear();
 }
 
-void conList_CtrlClick(AppState& app, Services& services, const ConsistChooser& chooser,
+void editChosenConsist(const ConsistContext& app, Services& services, const ConsistChooser& chooser,
                        int index) {
     if (!validIndex(chooser, index)) return;
     if (app.paths.editorPath.empty()) {
@@ -136,7 +127,7 @@ void conList_CtrlClick(AppState& app, Services& services, const ConsistChooser& 
         return;
     }
     const std::string path =
-        services.fs.resolve(pathOf(app, chooser.files[static_cast<std::size_t>(index)]));
+        services.fs.resolve(chosenConsistPath(app, chooser.files[static_cast<std::size_t>(index)]));
     (void)services.desktop.startProgram(app.paths.editorPath, {path});
 }
 

@@ -4,7 +4,6 @@
 #include <cmath>
 #include <cstdio>
 
-#include "core/consist/consist_writer.h"
 #include "core/consist/image_keys.h"
 #include "core/msts/msts_text.h"
 #include "core/platform/text_utf.h"
@@ -150,15 +149,8 @@ void checkCoupling(ConsistState& state, int j) {
     if (!inOrder) state.pendingWarning = "WARNING: Different coupling type !";
 }
 
-void clearAll(AppState& app, Services& services) {
-    ConsistState& state = app.consist;
-    if (state.consistChanged) {
-        if (services.dialogs.ask("Save changes to the consist?", Buttons::YesNo,
-                                 Icon::Question, Answer::No) ==
-            Answer::Yes)
-            (void)saveConsist(app, services);  // a refused save still clears
-        state.consistChanged = false;
-    }
+void clearAll(ConsistState& state) {
+    state.consistChanged = false;
     for (ConsistSlot& slot : state.slots)
         clearSlot(slot);
     state.view.fill(SlotView{});

@@ -2,9 +2,7 @@
 #include <string>
 #include <string_view>
 
-#include "core/app/app_state.h"
 #include "core/consist/consist_state.h"
-#include "core/platform/services.h"
 
 namespace rakeyard {
 
@@ -48,9 +46,8 @@ int highestPosition(const ConsistState& state);
 // pending warning. Slots above 149 are not checked.
 void checkCoupling(ConsistState& state, int j);
 
-// Empties the consist, the header boxes, the totals, the page and the selection. Unsaved
-// changes are offered for saving first ("Save changes to the consist?"); the question is asked
-// once whatever the save does, and consistChanged ends 0.
-void clearAll(AppState& app, Services& services);
+// Empties the consist, the header boxes, the totals, the page and the selection; consistChanged
+// ends 0. Unsaved changes are the caller's to offer for saving first (clearConsist).
+void clearAll(ConsistState& state);
 
 }  // namespace rakeyard

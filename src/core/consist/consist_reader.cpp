@@ -77,7 +77,7 @@ std::optional<std::u16string> trainCfgWord(std::u16string_view line) {
 
 class BodyReader {
 public:
-    explicit BodyReader(AppState& app)
+    explicit BodyReader(const ConsistContext& app)
         : app_(app),
           engines_(usedRecords(app.catalogue, UnitClass::Engine)),
           wagons_(usedRecords(app.catalogue, UnitClass::Wagon)) {}
@@ -159,7 +159,7 @@ private:
         ++n_;
     }
 
-    AppState& app_;
+    const ConsistContext& app_;
     CatalogueIndex engines_;
     CatalogueIndex wagons_;
     long long n_ = 0;
@@ -324,7 +324,7 @@ std::string consistNameOf(std::string_view path) {
     return withoutLastFour(path.substr(folder + 10));
 }
 
-LoadOutcome loadConsistBytes(AppState& app, Dialogs& dialogs, std::string_view bytes) {
+LoadOutcome loadConsistBytes(const ConsistContext& app, Dialogs& dialogs, std::string_view bytes) {
     ConsistState& state = app.consist;
     startLoad(state);
     const ConsistLines file = consistLines(bytes);
@@ -362,7 +362,7 @@ LoadOutcome loadConsistBytes(AppState& app, Dialogs& dialogs, std::string_view b
     return notLoaded.empty() ? LoadOutcome::Loaded : LoadOutcome::Incomplete;
 }
 
-LoadOutcome loadConsistFile(AppState& app, Services& services) {
+LoadOutcome loadConsistFile(const ConsistContext& app, Services& services) {
     ConsistState& state = app.consist;
     if (state.consistToLoad.empty()) return LoadOutcome::NoFile;
     addToLastMenu(state.recent, state.consistToLoad);
@@ -376,7 +376,7 @@ LoadOutcome loadConsistFile(AppState& app, Services& services) {
             services.dialogs.ask("This consist does not exist! Do you wish to create a new one?",
                                  Buttons::OkCancel, Icon::Stop, Answer::Cancel);
         if (answer == Answer::Ok) {
-            clearAll(app, services);
+            clearAll(state);
             state.headerBoxes[0] = withoutLastFour(lastPathPart(state.consistToLoad));
         } else {
             state.headerBoxes[0].clear();

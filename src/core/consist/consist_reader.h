@@ -3,7 +3,7 @@
 #include <string_view>
 #include <vector>
 
-#include "core/app/app_state.h"
+#include "core/consist/consist_context.h"
 #include "core/platform/services.h"
 
 namespace rakeyard {
@@ -39,11 +39,12 @@ enum class LoadOutcome { Loaded, Incomplete, Failed, NoFile };
 // message, keeping what was read so far. Units beyond slot 599 are read but not stored. A file
 // of more than 300 units, one that ends inside a block or in half a character is loaded as far
 // as it goes, and what was left out is told before the units are shown.
-[[nodiscard]] LoadOutcome loadConsistFile(AppState& app, Services& services);
+[[nodiscard]] LoadOutcome loadConsistFile(const ConsistContext& app, Services& services);
 
 // The reading part of loadConsistFile on the bytes of a file: everything but the recent menu,
 // the file-name box and the question for a missing file.
-[[nodiscard]] LoadOutcome loadConsistBytes(AppState& app, Dialogs& dialogs, std::string_view bytes);
+[[nodiscard]] LoadOutcome loadConsistBytes(const ConsistContext& app, Dialogs& dialogs,
+                                           std::string_view bytes);
 
 // The name of a consist in the file-name box: the part of path behind "\CONSISTS\" (or with "/"),
 // subfolders kept, less its last 4 characters. A path without that folder gives its file name

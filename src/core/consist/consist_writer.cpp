@@ -115,7 +115,7 @@ std::string consistFileBytes(const ConsistState& state) {
     return encodeMstsText(toUtf16(text));
 }
 
-SaveResult saveConsist(AppState& app, Services& services) {
+SaveResult saveConsist(const ConsistContext& app, Services& services) {
     ConsistState& state = app.consist;
     Dialogs& dialogs = services.dialogs;
     if (isEmptyConsist(state)) {

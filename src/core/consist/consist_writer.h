@@ -1,7 +1,7 @@
 #pragma once
 #include <string>
 
-#include "core/app/app_state.h"
+#include "core/consist/consist_context.h"
 #include "core/platform/services.h"
 
 namespace rakeyard {
@@ -29,6 +29,6 @@ struct SaveResult {
 // are closed first (and stay closed even when the save is refused then). The file is written
 // whole or not at all: a failed write is told to the user, the old file stays and
 // consistChanged stays set.
-[[nodiscard]] SaveResult saveConsist(AppState& app, Services& services);
+[[nodiscard]] SaveResult saveConsist(const ConsistContext& app, Services& services);
 
 }  // namespace rakeyard

@@ -77,7 +77,7 @@ void placeUnit(ConsistState& state, const UnitRecord& unit, bool isEngine) {
     refreshPics(state);
 }
 
-void addFromList(AppState& app, std::string_view listLine, bool isEngine) {
+void addFromList(const ConsistContext& app, std::string_view listLine, bool isEngine) {
     if (!openPlaceForUnit(app.consist)) return;
     const std::span<const UnitRecord> catalogue =
         usedRecords(app.catalogue, isEngine ? UnitClass::Engine : UnitClass::Wagon);
@@ -117,15 +117,15 @@ void addCatalogueUnit(ConsistState& state, const UnitRecord& unit, bool isEngine
     if (openPlaceForUnit(state)) placeUnit(state, unit, isEngine);
 }
 
-void locList_DblClick(AppState& app, std::string_view listLine) {
+void locList_DblClick(const ConsistContext& app, std::string_view listLine) {
     addFromList(app, listLine, true);
 }
 
-void wagList_DblClick(AppState& app, std::string_view listLine) {
+void wagList_DblClick(const ConsistContext& app, std::string_view listLine) {
     addFromList(app, listLine, false);
 }
 
-void insMultiple(AppState& app, Dialogs& dialogs, std::string_view wagListLine,
+void insMultiple(const ConsistContext& app, Dialogs& dialogs, std::string_view wagListLine,
                  const std::function<int(const std::string& wagonName)>& askNumber) {
     if (wagListLine.empty()) {
         dialogs.report("You must select a wagon from the list", Icon::Exclamation);

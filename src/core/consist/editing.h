@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-#include "core/app/app_state.h"
+#include "core/consist/consist_context.h"
 #include "core/consist/consist_state.h"
 #include "core/platform/dialogs.h"
 
@@ -22,15 +22,15 @@ void insertUnit(ConsistState& state, int index);
 // in front of a selected unit of the page, else at the first free slot, with the next UiD. Sets
 // the totals, a coupling or non-driveable warning, and turns to the next page when this one was
 // full. A full consist takes no more.
-void locList_DblClick(AppState& app, std::string_view listLine);
-void wagList_DblClick(AppState& app, std::string_view listLine);
+void locList_DblClick(const ConsistContext& app, std::string_view listLine);
+void wagList_DblClick(const ConsistContext& app, std::string_view listLine);
 // The same for a catalogue unit already found.
 void addCatalogueUnit(ConsistState& state, const UnitRecord& unit, bool isEngine);
 
 // Adds the wagon of a wagList line many times, in front of the page's selected unit or on the
 // next page, then renumbers the UiDs. askNumber shows frmQtd with the wagon's name and returns
 // the number chosen (0 on Cancel); it is not called when no line is selected.
-void insMultiple(AppState& app, Dialogs& dialogs, std::string_view wagListLine,
+void insMultiple(const ConsistContext& app, Dialogs& dialogs, std::string_view wagListLine,
                  const std::function<int(const std::string& wagonName)>& askNumber);
 
 // Appends the selected units at the first free slot, in the order they were clicked, and shows

@@ -135,7 +135,7 @@ void Picture1_Click(ConsistState& state, int index) {
     showKey(state, index);
 }
 
-UnitLookup Label1_Click(const AppState& app, Dialogs& dialogs, int index) {
+UnitLookup Label1_Click(const ConsistContext& app, Dialogs& dialogs, int index) {
     const std::string& caption = app.consist.view[index].name;
     if (caption.empty()) return {};
     const ConsistSlot* slot = nullptr;
@@ -147,14 +147,16 @@ UnitLookup Label1_Click(const AppState& app, Dialogs& dialogs, int index) {
     UnitLookup lookup;
     lookup.fileName = slot->fileName;
     if (isEngineType(slot->unitType)) {
-        lookup.catalogueIndex = findInCatalogue(usedRecords(app.catalogue, UnitClass::Engine), *slot);
+        lookup.catalogueIndex =
+            findInCatalogue(usedRecords(app.catalogue, UnitClass::Engine), *slot);
         if (lookup.catalogueIndex < 0) {
             dialogs.report("The unit does not exist!", Icon::Stop);
             return {};
         }
         lookup.list = UnitLookup::List::Engines;
     } else {
-        lookup.catalogueIndex = findInCatalogue(usedRecords(app.catalogue, UnitClass::Wagon), *slot);
+        lookup.catalogueIndex =
+            findInCatalogue(usedRecords(app.catalogue, UnitClass::Wagon), *slot);
         if (lookup.catalogueIndex < 0) {
             dialogs.report("This unit does not exist!", Icon::Stop);
             return {};

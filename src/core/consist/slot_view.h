@@ -1,7 +1,7 @@
 #pragma once
 #include <string>
 
-#include "core/app/app_state.h"
+#include "core/consist/consist_context.h"
 #include "core/consist/consist_state.h"
 #include "core/platform/dialogs.h"
 
@@ -37,6 +37,6 @@ struct UnitLookup {
 };
 // Finds the unit named by Label1(index) in its catalogue by file name and folder; a unit that is
 // not there gets "The unit does not exist!" (engines) or "This unit does not exist!".
-UnitLookup Label1_Click(const AppState& app, Dialogs& dialogs, int index);
+UnitLookup Label1_Click(const ConsistContext& app, Dialogs& dialogs, int index);
 
 }  // namespace rakeyard

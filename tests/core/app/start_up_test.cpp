@@ -5,7 +5,11 @@
 
 #include <algorithm>
 #include <deque>
+#include <filesystem>
 
+#include "core/app/consist_flows.h"
+#include "core/consist/editing.h"
+#include "core/consist/save_offer.h"
 #include "core/msts/catalogue_reader.h"
 #include "core/settings/path_windows.h"
 #include "core/settings/settings_file.h"
@@ -15,6 +19,7 @@
 namespace rakeyard {
 namespace {
 
+using ::testing::Contains;
 using ::testing::ElementsAre;
 using ::testing::HasSubstr;
 
@@ -219,7 +224,7 @@ protected:
 
 TEST_F(ExitQuestions, UnnamedChangedConsistAsksOnExitButNotOnUnload) {
     state->consist.consistChanged = true;
-    offerSaveOnUnload(*state, fake.services);
+    EXPECT_TRUE(offerSaveOnUnload(*state, fake.services));
     EXPECT_TRUE(fake.dialogs.shown.empty());
 
     fake.dialogs.answers = {Answer::Yes};
@@ -231,6 +236,52 @@ TEST_F(ExitQuestions, UnnamedChangedConsistAsksOnExitButNotOnUnload) {
     fake.dialogs.answers = {Answer::No};
     EXPECT_TRUE(confirmExit(*state, fake.services));
     EXPECT_FALSE(state->consist.consistChanged);
+}
+
+// A named, changed consist of one wagon whose save will fail as on a full disk.
+class FailedSave : public ExitQuestions {
+protected:
+    FailedSave() {
+        state->paths.consistsPath = msts.consists();
+        std::filesystem::create_directories(msts.consists());
+        UnitRecord& wagon = state->catalogue.wagons[0];
+        wagon.fileName = "Box.wag";
+        wagon.folderName = "Box";
+        wagon.displayName = "Box van";
+        wagon.unitType = "Freight";
+        state->catalogue.wagonCount = 1;
+        addCatalogueUnit(state->consist, wagon, false);
+        state->consist.headerBoxes[0] = "Kept";
+        fake.fs.failAfterBytes = 10;
+        fake.dialogs.defaultAnswer = Answer::Yes;
+    }
+    void expectConsistKept() {
+        EXPECT_TRUE(state->consist.consistChanged);
+        EXPECT_EQ(state->consist.slots[0].fileName, "Box.wag");
+        EXPECT_EQ(state->consist.headerBoxes[0], "Kept");
+        EXPECT_FALSE(std::filesystem::exists(msts.consists() + "/Kept.con"));
+    }
+};
+
+TEST_F(FailedSave, KeepsTheProgramRunningAndTheConsistWhole) {
+    EXPECT_FALSE(confirmExit(*state, fake.services));
+    expectConsistKept();
+    EXPECT_FALSE(offerSaveOnUnload(*state, fake.services)) << "the window stays open";
+    expectConsistKept();
+    EXPECT_THAT(fake.dialogs.texts(), Contains(HasSubstr("The consist could not be saved")));
+}
+
+TEST_F(FailedSave, KeepsTheConsistWhenANewOneOrTheCatalogueWouldReplaceIt) {
+    EXPECT_FALSE(clearConsist(*state, fake.services));
+    expectConsistKept();
+    EXPECT_FALSE(refreshCatalogue(*state, fake.services, UnitClass::Wagon));
+    expectConsistKept();
+    EXPECT_EQ(state->catalogue.wagonCount, 1u) << "nothing read again";
+
+    fake.fs.failAfterBytes.reset();  // the disk has room again
+    EXPECT_TRUE(clearConsist(*state, fake.services));
+    EXPECT_EQ(state->consist.slots[0].fileName, "");
+    EXPECT_TRUE(std::filesystem::exists(msts.consists() + "/Kept.con"));
 }
 
 }  // namespace

@@ -1,6 +1,7 @@
 #include "core/consist/consist_chooser.h"
 
 #include "consist_fixture.h"
+#include "core/app/consist_flows.h"
 
 namespace rakeyard::test {
 namespace {
@@ -40,14 +41,14 @@ TEST_F(ReadConsistFiles, ClickShowsTheNameOrItsFault) {
     writeConsist("Plain.con", 1);
     writeConsist("Broken.con", 1, "\t\tName ( Night Mail )\n");
     readConsistFiles(*app, fake.services, chooser);
-    EXPECT_EQ(conList_Click(*app, fake.services, chooser, 1).value_or("?"), "Night Mail");
+    EXPECT_EQ(chooseConsistLine(*app, fake.services, chooser, 1).value_or("?"), "Night Mail");
     EXPECT_EQ(state().consistToLoad, consistPath("Named.con"));
-    EXPECT_EQ(conList_Click(*app, fake.services, chooser, 2).value_or("?"), "Plain.con");
-    EXPECT_EQ(conList_Click(*app, fake.services, chooser, 0), std::nullopt);
+    EXPECT_EQ(chooseConsistLine(*app, fake.services, chooser, 2).value_or("?"), "Plain.con");
+    EXPECT_EQ(chooseConsistLine(*app, fake.services, chooser, 0), std::nullopt);
     EXPECT_THAT(fake.dialogs.texts(),
                 ElementsAre("There is an error in the name of this consist!"));
 
-    OKButton_Click(*app, fake.services, chooser, 2);
+    loadChosenConsist(*app, fake.services, chooser, 2);
     EXPECT_EQ(state().headerBoxes[0], "Plain");
     EXPECT_EQ(slot(0).fileName, "Box.wag");
     EXPECT_EQ(trimmedValue(app->settings.lastConsist), chooser.lines[2]);
@@ -62,7 +63,7 @@ TEST_F(ReadConsistFiles, KeysFindLinesAndDeleteSendsTheFileToTheBin) {
     EXPECT_EQ(lineStartingWith(chooser, "Z"), -1);
     EXPECT_EQ(lineOfLastConsist(chooser, chooser.lines[2] + std::string(20, ' ')), 2);
 
-    conList_Delete(*app, fake.services, chooser, 1);
+    deleteChosenConsist(*app, fake.services, chooser, 1);
     EXPECT_THAT(fake.desktop.trashed, ElementsAre(consistPath("Beta.con")));
     EXPECT_FALSE(msts.exists("msts/TRAINS/CONSISTS/Beta.con"));
     EXPECT_THAT(chooser.files, ElementsAre("alpha.con", "bravo.con"));

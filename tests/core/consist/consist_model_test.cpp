@@ -2,6 +2,7 @@
 
 #include "consist_fixture.h"
 #include "core/consist/editing.h"
+#include "core/consist/save_offer.h"
 #include "core/consist/slot_view.h"
 
 namespace rakeyard::test {
@@ -101,13 +102,18 @@ TEST_F(ConsistModel, CouplingCheckWarnsOnlyWhereNeighboursDiffer) {
     }
 }
 
-TEST_F(ConsistModel, ClearAllAsksOnceEvenWhenTheSaveIsRefused) {
+TEST_F(ConsistModel, ClearingAfterARefusedSaveKeepsTheConsistThenEmptiesItOnNo) {
     add({"eng:GP38.eng", "wag:Box.wag"});
     fake.dialogs.answers = {Answer::Yes};
-    clearAll(*app, fake.services);
+    EXPECT_FALSE(clearConsist(*app, fake.services));
     EXPECT_THAT(fake.dialogs.texts(),
                 ElementsAre("Save changes to the consist?",
                             "You must provide a file name for this consist!"));
+    EXPECT_TRUE(state().consistChanged);
+    EXPECT_EQ(slot(0).fileName, "GP38.eng");
+
+    fake.dialogs.answers = {Answer::No};
+    EXPECT_TRUE(clearConsist(*app, fake.services));
     EXPECT_FALSE(state().consistChanged);
     EXPECT_EQ(slot(0).displayName, "");
     EXPECT_EQ(state().totals.length, "0");
@@ -116,8 +122,8 @@ TEST_F(ConsistModel, ClearAllAsksOnceEvenWhenTheSaveIsRefused) {
     EXPECT_EQ(state().view[0].pictureKey, "EMP");
     EXPECT_EQ(state().selectionBuffer.size(), 1u);
 
-    clearAll(*app, fake.services);
-    EXPECT_EQ(fake.dialogs.shown.size(), 2u) << "nothing to save: no question";
+    EXPECT_TRUE(clearConsist(*app, fake.services));
+    EXPECT_EQ(fake.dialogs.shown.size(), 3u) << "nothing to save: no question";
 }
 
 }  // namespace

@@ -60,7 +60,7 @@ TEST_F(LoadConsist, SavedAndLoadedAgainIsTheSameModelAndTheSameBytes) {
     const std::array<std::string, 5> boxes = state().headerBoxes;
     const std::string bytes = readWholeFile(consistPath("Trip.con"));
 
-    clearAll(*app, fake.services);
+    clearAll(state());
     state().consistToLoad = consistPath("Trip.con");
     (void)loadConsistFile(*app, fake.services);
     EXPECT_EQ(describeAll(state()), before);

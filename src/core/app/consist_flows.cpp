@@ -1,0 +1,70 @@
+#include "core/app/consist_flows.h"
+
+#include "core/consist/consist_reader.h"
+#include "core/consist/save_offer.h"
+#include "core/msts/catalogue_reader.h"
+#include "core/msts/unit_list.h"
+#include "core/settings/settings_file.h"
+
+namespace rakeyard {
+
+namespace {
+
+bool goesOn(SaveOffer offer) {
+    return offer != SaveOffer::Failed && offer != SaveOffer::Cancelled;
+}
+
+}  // namespace
+
+bool confirmExit(AppState& state, Services& services) {
+    if (!goesOn(offerToSaveConsist(state, services))) return false;
+    state.consist.consistChanged = false;
+    return true;
+}
+
+bool offerSaveOnUnload(AppState& state, Services& services) {
+    if (state.consist.headerBoxes[0].empty()) return true;
+    return goesOn(offerToSaveConsist(state, services));
+}
+
+void loadChosenConsist(AppState& state, Services& services, const ConsistChooser& chooser,
+                       int index) {
+    if (index >= 0 && static_cast<std::size_t>(index) < chooser.files.size()) {
+        const auto at = static_cast<std::size_t>(index);
+        setText(state.settings, &SettingsRecord::lastConsist, chooser.lines[at]);
+        (void)saveSettings(state.settings, state.paths, services);  // a failure is told there
+        state.consist.consistToLoad = chosenConsistPath(state, chooser.files[at]);
+    }
+    if (!clearConsist(state, services)) return;
+    (void)loadConsistFile(state, services);
+}
+
+bool refreshCatalogue(AppState& state, Services& services, UnitClass which) {
+    if (!clearConsist(state, services)) return false;
+    if (which == UnitClass::Engine) {
+        readEngineFiles(state.paths, state.catalogue, services, state.debugMode);
+    } else {
+        readWagonFiles(state.paths, state.catalogue, services, state.debugMode);
+    }
+    services.progress.showDebug(false);
+    return true;
+}
+
+bool deleteUnitOfLine(AppState& state, Services& services, UnitClass which,
+                      std::string_view listLine) {
+    const std::string question =
+        which == UnitClass::Engine
+            ? "Do you really want to delete this locomotive?\nThe files in its folder will all "
+              "be sent to the Recycle Bin!"
+            : "Do you really want to delete this wagon?\nThe files in its folder will all be "
+              "sent to the Recycle Bin!";
+    if (services.dialogs.ask(question, Buttons::YesNo, Icon::Question, Answer::No) != Answer::Yes)
+        return false;
+    const auto records = usedRecords(state.catalogue, which);
+    const auto index = findUnitByKey(records, keyOfLine(listLine), KeyCase::Exact);
+    if (!index) return false;
+    const UnitRecord unit = records[*index];  // a copy: the catalogue is read again after
+    return deleteUnitFolder(state.paths, unit, services);
+}
+
+}  // namespace rakeyard
