@@ -45,11 +45,11 @@ Json consistJson(const ConsistState& consist) {
         slot.update(slotJson(consist.slots[i]));
         slots.push_back(std::move(slot));
     }
-    return Json{{"fileName", consist.headerBoxes[0]},
-                {"name", consist.headerBoxes[1]},
-                {"maxVelocity", consist.headerBoxes[2]},
-                {"durability", consist.headerBoxes[3]},
-                {"serial", consist.headerBoxes[4]},
+    return Json{{"fileName", consist.header.fileName},
+                {"name", consist.header.name},
+                {"maxVelocity", consist.header.maxVelocity},
+                {"durability", consist.header.durability},
+                {"serial", consist.header.serial},
                 {"length", totals.length},
                 {"feet", totals.feet},
                 {"mass", totals.mass},
@@ -66,11 +66,11 @@ std::string padded(std::string text, std::size_t width) {
 void printConsist(const ConsistState& consist) {
     const ConsistTotals& totals = consist.totals;
     std::string text;
-    text += "File name:    " + consist.headerBoxes[0] + "\n";
-    text += "Name:         " + consist.headerBoxes[1] + "\n";
-    text += "Max velocity: " + consist.headerBoxes[2] + "\n";
-    text += "Durability:   " + consist.headerBoxes[3] + "\n";
-    text += "Serial:       " + consist.headerBoxes[4] + "\n";
+    text += "File name:    " + consist.header.fileName + "\n";
+    text += "Name:         " + consist.header.name + "\n";
+    text += "Max velocity: " + consist.header.maxVelocity + "\n";
+    text += "Durability:   " + consist.header.durability + "\n";
+    text += "Serial:       " + consist.header.serial + "\n";
     text += "Length:       " + totals.length + " m, " + totals.feet + " ft\n";
     text += "Mass:         " + totals.mass + " t, " + totals.impTons + " imperial tons\n";
     text += "Wagons:       " + totals.wagons + "\n";
@@ -98,7 +98,7 @@ void printPendingWarning(CliContext& context) {
 
 // Saves the consist under name; kExitFound when the save refused.
 int saveAs(CliContext& context, const std::string& name) {
-    context.state->consist.headerBoxes[0] = consistFileBoxText(name);
+    context.state->consist.header.fileName = consistFileBoxText(name);
     const SaveResult saved = saveConsist(*context.state, context.services);
     if (saved.outcome == SaveOutcome::Declined)
         context.dialogs.report("The consist was not saved: nothing was written.",

@@ -152,7 +152,7 @@ void frmMain::refreshPics() {
 void frmMain::showHeaderBoxes() {
     updatingControls_ = true;
     for (int i = 0; i < 5; ++i) {
-        const QString text = qs(state_.consist.headerBoxes[i]);
+        const QString text = qs(state_.consist.header.box(i));
         if (Text2[i]->text() != text) Text2[i]->setText(text);
     }
     updatingControls_ = false;
@@ -247,7 +247,7 @@ void frmMain::Text1_Change(int index) {
 void frmMain::Text2_Change(int index) {
     if (updatingControls_) return;
     rakeyard::Text2_KeyPress(state_.consist);
-    state_.consist.headerBoxes[index] = stdString(Text2[index]->text());
+    state_.consist.header.box(index) = stdString(Text2[index]->text());
 }
 
 void frmMain::cmdShift_Click(int index) {

@@ -81,8 +81,8 @@ void Windows::chooserListsConsistsLoadsAndDeletes() {
     window.conList->setCurrentRow(0);
     QTest::mouseClick(window.OKButton, Qt::LeftButton);
     QVERIFY(window.loaded());
-    QCOMPARE(state->consist.headerBoxes[0], std::string("Alpha"));
-    QCOMPARE(state->consist.headerBoxes[1], std::string("Alpha goods"));
+    QCOMPARE(state->consist.header.fileName, std::string("Alpha"));
+    QCOMPARE(state->consist.header.name, std::string("Alpha goods"));
     QCOMPARE(state->consist.recent.names[0], std::string("Alpha.con"));
 }
 

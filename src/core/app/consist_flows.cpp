@@ -23,7 +23,7 @@ bool confirmExit(AppState& state, Services& services) {
 }
 
 bool offerSaveOnUnload(AppState& state, Services& services) {
-    if (state.consist.headerBoxes[0].empty()) return true;
+    if (state.consist.header.fileName.empty()) return true;
     return goesOn(offerToSaveConsist(state, services));
 }
 

@@ -154,8 +154,7 @@ void clearAll(ConsistState& state) {
     for (ConsistSlot& slot : state.slots)
         clearSlot(slot);
     state.view.fill(SlotView{});
-    for (std::string& box : state.headerBoxes)
-        box.clear();
+    state.header = ConsistHeader{};
     state.totals.wagons = "0";
     setLengthText(state.totals, "0");
     setMassText(state.totals, "0");

@@ -190,25 +190,25 @@ HeaderEnd readHeader(ConsistState& state, const std::vector<std::u16string>& lin
         }
         if (holds(line, u"Name")) {
             const ConsistName name = nameOfLine(line);
-            state.headerBoxes[1] = utf8(name.name);
+            state.header.name = utf8(name.name);
             if (name.inError) return HeaderEnd::NameError;
         }
         if (!holds(line, u"\t\t")) continue;
         if (holds(line, u"MaxVelocity (")) {
             const auto value = headerValue(line);
             if (!value) return HeaderEnd::Critical;
-            state.headerBoxes[2] = utf8(*value);
+            state.header.maxVelocity = utf8(*value);
         }
         if (holds(line, u"Durability (")) {
             const auto value = headerValue(line);
             if (!value) return HeaderEnd::Critical;
-            state.headerBoxes[3] = utf8(*value);
+            state.header.durability = utf8(*value);
             break;
         }
         if (holds(line, u"Serial (")) {
             const auto value = headerValue(line);
             if (!value) return HeaderEnd::Critical;
-            state.headerBoxes[4] = utf8(*value);
+            state.header.serial = utf8(*value);
         }
     }
     return HeaderEnd::Body;
@@ -367,8 +367,8 @@ LoadOutcome loadConsistFile(const ConsistContext& app, Services& services) {
     if (state.consistToLoad.empty()) return LoadOutcome::NoFile;
     addToLastMenu(state.recent, state.consistToLoad);
     startLoad(state);
-    state.headerBoxes[0] = consistNameOf(state.consistToLoad);
-    state.headerBoxes[1].clear();
+    state.header.fileName = consistNameOf(state.consistToLoad);
+    state.header.name.clear();
 
     const std::string path = services.fs.resolve(state.consistToLoad);
     if (!services.fs.isFile(path)) {
@@ -377,9 +377,9 @@ LoadOutcome loadConsistFile(const ConsistContext& app, Services& services) {
                                  Buttons::OkCancel, Icon::Stop, Answer::Cancel);
         if (answer == Answer::Ok) {
             clearAll(state);
-            state.headerBoxes[0] = withoutLastFour(lastPathPart(state.consistToLoad));
+            state.header.fileName = withoutLastFour(lastPathPart(state.consistToLoad));
         } else {
-            state.headerBoxes[0].clear();
+            state.header.fileName.clear();
         }
         return LoadOutcome::NoFile;
     }

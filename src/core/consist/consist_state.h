@@ -33,6 +33,23 @@ struct ConsistTotals {
     int impTonsFontSize = 10;
 };
 
+// The header boxes of the consist: Text2(0) to Text2(4).
+struct ConsistHeader {
+    std::string fileName;     // Text2(0): the file's name in the Consists folder, less ".con"
+    std::string name;         // Text2(1)
+    std::string maxVelocity;  // Text2(2)
+    std::string durability;   // Text2(3)
+    std::string serial;       // Text2(4)
+
+    static constexpr int kBoxes = 5;
+    // The box of Text2(index), for the window's control array.
+    std::string& box(int index) {
+        std::string* boxes[kBoxes] = {&fileName, &name, &maxVelocity, &durability, &serial};
+        return *boxes[index];
+    }
+    bool operator==(const ConsistHeader&) const = default;
+};
+
 // The one consist under edit and the editor's state around it.
 struct ConsistState {
     std::array<ConsistSlot, kConsistSlots> slots;
@@ -45,8 +62,7 @@ struct ConsistState {
     std::string consistToLoad;
     std::string calculatedMaxVelocity;
     std::string trainCfgWord;
-    // Text2(0..4): file name, name, max velocity, durability, serial.
-    std::array<std::string, 5> headerBoxes;
+    ConsistHeader header;
     ConsistTotals totals;
     // The strip as refreshPics last drew it, with the page arrows.
     std::array<SlotView, kSlotsPerPage> view;

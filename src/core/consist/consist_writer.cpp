@@ -54,18 +54,20 @@ std::string unitBlock(const ConsistSlot& slot) {
 }
 
 std::string headerText(const ConsistState& state) {
-    const auto& boxes = state.headerBoxes;
+    const ConsistHeader& header = state.header;
     std::string maxVelocity = state.calculatedMaxVelocity;
-    if (maxVelocity.empty()) maxVelocity = boxes[2].empty() ? "40.00000 1.00000" : boxes[2];
+    if (maxVelocity.empty())
+        maxVelocity = header.maxVelocity.empty() ? "40.00000 1.00000" : header.maxVelocity;
 
     std::string text(kHeaderLine);
     text += "\r\n\r\nTrain (\r\n";
-    text += "\tTrainCfg ( " + quotedIf(boxes[0], " ") + "\r\n";
-    if (!boxes[1].empty()) text += "\t\tName ( \"" + boxes[1] + "\" )\r\n";
-    text += "\t\tSerial ( " + (boxes[4].empty() ? std::string("1") : boxes[4]) + " )\r\n";
+    text += "\tTrainCfg ( " + quotedIf(header.fileName, " ") + "\r\n";
+    if (!header.name.empty()) text += "\t\tName ( \"" + header.name + "\" )\r\n";
+    text += "\t\tSerial ( " + (header.serial.empty() ? std::string("1") : header.serial) + " )\r\n";
     text += "\t\tMaxVelocity ( " + maxVelocity + " )\r\n";
     text += "\t\tNextWagonUID ( " + std::to_string(nextWagonUid(state)) + " )\r\n";
-    text += "\t\tDurability ( " + (boxes[3].empty() ? std::string("1.00000") : boxes[3]) + " )";
+    text += "\t\tDurability ( " +
+            (header.durability.empty() ? std::string("1.00000") : header.durability) + " )";
     text += kEnd;
     return text;
 }
@@ -126,7 +128,7 @@ SaveResult saveConsist(const ConsistContext& app, Services& services) {
         dialogs.report("This consist contained gaps and one or more units had to be shifted!",
                        Icon::Exclamation);
     }
-    const std::string& fileName = state.headerBoxes[0];
+    const std::string& fileName = state.header.fileName;
     if (fileName.empty()) {
         dialogs.report("You must provide a file name for this consist!", Icon::Exclamation);
         return {SaveOutcome::Refused};

@@ -251,14 +251,14 @@ protected:
         wagon.unitType = "Freight";
         state->catalogue.wagonCount = 1;
         addCatalogueUnit(state->consist, wagon, false);
-        state->consist.headerBoxes[0] = "Kept";
+        state->consist.header.fileName = "Kept";
         fake.fs.failAfterBytes = 10;
         fake.dialogs.defaultAnswer = Answer::Yes;
     }
     void expectConsistKept() {
         EXPECT_TRUE(state->consist.consistChanged);
         EXPECT_EQ(state->consist.slots[0].fileName, "Box.wag");
-        EXPECT_EQ(state->consist.headerBoxes[0], "Kept");
+        EXPECT_EQ(state->consist.header.fileName, "Kept");
         EXPECT_FALSE(std::filesystem::exists(msts.consists() + "/Kept.con"));
     }
 };

@@ -49,7 +49,7 @@ TEST_F(ReadConsistFiles, ClickShowsTheNameOrItsFault) {
                 ElementsAre("There is an error in the name of this consist!"));
 
     loadChosenConsist(*app, fake.services, chooser, 2);
-    EXPECT_EQ(state().headerBoxes[0], "Plain");
+    EXPECT_EQ(state().header.fileName, "Plain");
     EXPECT_EQ(slot(0).fileName, "Box.wag");
     EXPECT_EQ(trimmedValue(app->settings.lastConsist), chooser.lines[2]);
 }

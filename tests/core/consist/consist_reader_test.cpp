@@ -54,17 +54,17 @@ TEST_F(LoadConsist, SavedAndLoadedAgainIsTheSameModelAndTheSameBytes) {
     add({"eng:GP38.eng", "wag:Box.wag", "eng:Big Boy.eng", "wag:Tend(1).wag"});
     slot(2).flipped = true;
     slot(2).imageKey = "ENGINV";
-    state().headerBoxes = {"Trip", "Night Mail", "30 1", "0.5", "4"};
+    state().header = {"Trip", "Night Mail", "30 1", "0.5", "4"};
     ASSERT_TRUE(saveConsist(*app, fake.services));
     const std::vector<std::string> before = describeAll(state());
-    const std::array<std::string, 5> boxes = state().headerBoxes;
+    const ConsistHeader header = state().header;
     const std::string bytes = readWholeFile(consistPath("Trip.con"));
 
     clearAll(state());
     state().consistToLoad = consistPath("Trip.con");
     (void)loadConsistFile(*app, fake.services);
     EXPECT_EQ(describeAll(state()), before);
-    EXPECT_EQ(state().headerBoxes, boxes);
+    EXPECT_EQ(state().header, header);
     EXPECT_THAT(fake.dialogs.texts(), IsEmpty());
 
     fake.dialogs.answers = {Answer::Yes};
@@ -102,7 +102,7 @@ TEST_F(LoadConsist, TotalsAreRoundedPerUnitAndShownAtTheEnd) {
     EXPECT_EQ(slot(3).imageKey, "NOTFOUND");
     EXPECT_EQ(slot(3).displayName, "Nowhere");
     EXPECT_EQ(state().view[3].pictureKey, "NOTFOUND");
-    EXPECT_EQ(state().headerBoxes[0], "Three");
+    EXPECT_EQ(state().header.fileName, "Three");
     EXPECT_EQ(state().recent.names[0], "Three.con");
 }
 
@@ -176,7 +176,7 @@ TEST_F(LoadConsist, HeaderFaultsEndTheLoadWithTheirMessages) {
             EXPECT_THAT(fake.dialogs.texts(), IsEmpty()) << c.what;
             EXPECT_EQ(state().totals.mass, "113.5") << c.what;
         }
-        EXPECT_EQ(state().headerBoxes[1], c.name) << c.what;
+        EXPECT_EQ(state().header.name, c.name) << c.what;
         EXPECT_EQ(slot(0).fileName, c.unitRead ? "GP38.eng" : "") << c.what;
     }
 }
@@ -192,7 +192,7 @@ TEST_F(LoadConsist, UnicodeLinesEndOnlyAtTheCharacterCr) {
     // U+010D has the byte 0D in it, and a lone LF stays inside its line.
     loadText("Czech.con", "\nTrain (\n\tTrainCfg ( T\n\t\tName ( \"Vlak \xC4\x8D\xC4\x8D\" )\n" +
                               engine("GP38 GP38", 1) + kEnd);
-    EXPECT_EQ(state().headerBoxes[1], "Vlak \xC4\x8D\xC4\x8D");
+    EXPECT_EQ(state().header.name, "Vlak \xC4\x8D\xC4\x8D");
     const ConsistLines lines = consistLines("\xFF\xFE" + utf16Bytes("ab\ncd\r\nef\rg"));
     EXPECT_EQ(lines.lines, (std::vector<std::u16string>{u"ab\ncd", u"ef", u"g"}));
     EXPECT_EQ(lines.firstLineLength(), 7u);
@@ -247,17 +247,17 @@ TEST_F(LoadConsist, FilesCutShortLoadAsFarAsTheyGoAndSaySo) {
 }
 
 TEST_F(LoadConsist, MissingFileIsOfferedForCreation) {
-    state().headerBoxes[1] = "old";
+    state().header.name = "old";
     state().consistToLoad = consistPath("sub/Ghost.con");
     (void)loadConsistFile(*app, fake.services);
     EXPECT_THAT(fake.dialogs.texts(),
                 ElementsAre("This consist does not exist! Do you wish to create a new one?"));
-    EXPECT_EQ(state().headerBoxes[0], "") << "Cancel";
+    EXPECT_EQ(state().header.fileName, "") << "Cancel";
 
     fake.dialogs.answers = {Answer::Ok};
     (void)loadConsistFile(*app, fake.services);
-    EXPECT_EQ(state().headerBoxes[0], "Ghost");
-    EXPECT_EQ(state().headerBoxes[1], "");
+    EXPECT_EQ(state().header.fileName, "Ghost");
+    EXPECT_EQ(state().header.name, "");
 }
 
 TEST(ConsistNameOf, TakesThePartBehindTheConsistsFolder) {
@@ -305,7 +305,7 @@ TEST_F(LoadConsist, RealConsistsLoadAndSurviveASave) {
         EXPECT_EQ(fresh->consist.slots[units].displayName, "") << entry.path();
         const std::vector<std::string> before = describeAll(fresh->consist);
 
-        fresh->consist.headerBoxes[0] = "copy";
+        fresh->consist.header.fileName = "copy";
         fake.dialogs.defaultAnswer = Answer::Yes;
         ASSERT_TRUE(saveConsist(*fresh, fake.services)) << entry.path();
         fresh->consist.consistToLoad = consistPath("copy.con");

@@ -23,7 +23,7 @@ protected:
 TEST_F(SaveConsist, OneUnitWithEmptyBoxesWritesTheDefaults) {
     add({"wag:Box.wag"});
     slot(0).uid = 0;
-    state().headerBoxes[0] = "Solo";
+    state().header.fileName = "Solo";
     ASSERT_TRUE(saveConsist(*app, fake.services));
     EXPECT_EQ(saved("Solo.con"), fileBytes("SIMISA@@@@@@@@@@JINX0D0t______\n"
                                            "\n"
@@ -48,7 +48,7 @@ TEST_F(SaveConsist, BlocksPlaceFlipAndQuoteWordsByUnitKind) {
     slot(0).flipped = true;
     slot(1).flipped = true;
     slot(2).fileName = "GP(2).eng";  // an engine word with a parenthesis is quoted
-    state().headerBoxes = {"My Train", "Night Mail", "30.5 1.0", "0.5", "7"};
+    state().header = {"My Train", "Night Mail", "30.5 1.0", "0.5", "7"};
     state().calculatedMaxVelocity = "55.00000 1.00000";  // preferred to the box
     ASSERT_TRUE(saveConsist(*app, fake.services));
     EXPECT_EQ(saved("My Train.con"), fileBytes("SIMISA@@@@@@@@@@JINX0D0t______\n"
@@ -114,7 +114,7 @@ TEST_F(SaveConsist, RefusalsLeaveTheFileAndTheFlagAlone) {
 
     msts.write("TRAINS/CONSISTS/Old.con", "old");
     const std::string before = saved("Old.con");
-    state().headerBoxes[0] = "Old";
+    state().header.fileName = "Old";
     fake.dialogs.shown.clear();
     fake.dialogs.answers = {Answer::No};
     EXPECT_FALSE(saveConsist(*app, fake.services));
@@ -131,7 +131,7 @@ TEST_F(SaveConsist, TwoGapsAreClosedWithOneMessage) {
     add({"eng:GP38.eng", "wag:Box.wag", "wag:Coach.wag", "wag:Box.wag", "wag:Coach.wag"});
     clearSlot(slot(1));
     clearSlot(slot(3));
-    state().headerBoxes[0] = "Gaps";
+    state().header.fileName = "Gaps";
     ASSERT_TRUE(saveConsist(*app, fake.services));
     EXPECT_THAT(
         fake.dialogs.texts(),
@@ -149,7 +149,7 @@ TEST_F(SaveConsist, MissingUnitIsRefusedAfterTheGapsAreClosed) {
     slot(2) = ConsistSlot{};
     slot(2).displayName = "Lost";
     slot(2).imageKey = "NOTFOUND";
-    state().headerBoxes[0] = "Lost";
+    state().header.fileName = "Lost";
     EXPECT_FALSE(saveConsist(*app, fake.services));
     EXPECT_THAT(fake.dialogs.texts(),
                 ElementsAre("This consist contained gaps and one or more units had to be shifted!",
@@ -163,7 +163,7 @@ TEST_F(SaveConsist, FailedWriteIsToldAndKeepsTheOldFileWhole) {
     msts.write("TRAINS/CONSISTS/Full.con", "the old consist");
     const std::string before = saved("Full.con");
     add({"eng:GP38.eng", "wag:Box.wag"});
-    state().headerBoxes[0] = "Full";
+    state().header.fileName = "Full";
     fake.dialogs.answers = {Answer::Yes};
     fake.fs.failAfterBytes = 40;
     EXPECT_FALSE(saveConsist(*app, fake.services));
