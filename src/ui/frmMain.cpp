@@ -79,7 +79,7 @@ void frmMain::connectHandlers() {
     connect(Command1, &QPushButton::clicked, this, &frmMain::Command1_Click);
     connect(Command2, &QPushButton::clicked, this, &frmMain::Command2_Click);
     for (int i = 0; i < 6; ++i) {
-        Picture1[i]->onMouseDown = [this](int index, int button, int shift) {
+        Picture1[i]->onMouseDown = [this](int index, SlotButton button, int shift) {
             Picture1_MouseDown(index, button, shift);
         };
         Picture1[i]->onClick = [this](int index) { Picture1_Click(index); };
@@ -209,23 +209,23 @@ void frmMain::Timer3_Timer() {}
 
 // ---- Strip ----
 
-void frmMain::Picture1_MouseDown(int index, int button, int shift) {
+void frmMain::Picture1_MouseDown(int index, SlotButton button, int shift) {
     runGuarded(services_.dialogs, [&] {
-        rakeyard::Picture1_MouseDown(state_.consist, index, button, shift);
+        rakeyard::pressSlot(state_.consist, index, button, shift);
         refreshPics();
     });
 }
 
 void frmMain::Picture1_Click(int index) {
     runGuarded(services_.dialogs, [&] {
-        rakeyard::Picture1_Click(state_.consist, index);
+        rakeyard::clickSlot(state_.consist, index);
         refreshPics();
     });
 }
 
 void frmMain::Picture1_DblClick(int index) {
     runGuarded(services_.dialogs, [&] {
-        rakeyard::Picture1_DblClick(state_.consist, index);
+        rakeyard::removeUnitAtSlot(state_.consist, index);
         refreshPics();
     });
 }
@@ -238,42 +238,42 @@ void frmMain::Picture1_FocusStep(int index, int step) {
 void frmMain::Text1_Change(int index) {
     if (updatingControls_) return;
     runGuarded(services_.dialogs, [&] {
-        rakeyard::Text1_KeyPress(state_.consist);
-        rakeyard::Text1_Change(state_.consist, services_.dialogs, index,
-                               stdString(Text1[index]->text()));
+        rakeyard::markConsistChanged(state_.consist);
+        rakeyard::setUnitUid(state_.consist, services_.dialogs, index,
+                             stdString(Text1[index]->text()));
     });
 }
 
 void frmMain::Text2_Change(int index) {
     if (updatingControls_) return;
-    rakeyard::Text2_KeyPress(state_.consist);
+    rakeyard::markConsistChanged(state_.consist);
     state_.consist.header.box(index) = stdString(Text2[index]->text());
 }
 
 void frmMain::cmdShift_Click(int index) {
     runGuarded(services_.dialogs, [&] {
-        rakeyard::cmdShift_Click(state_.consist, index);
+        rakeyard::shiftUnits(state_.consist, index);
         refreshPics();
     });
 }
 
 void frmMain::cmdMove_Click(int index) {
     runGuarded(services_.dialogs, [&] {
-        rakeyard::cmdMove_Click(state_.consist, index);
+        rakeyard::turnPage(state_.consist, index);
         refreshPics();
     });
 }
 
 void frmMain::cmdHome_Click() {
     runGuarded(services_.dialogs, [&] {
-        rakeyard::cmdHome_Click(state_.consist);
+        rakeyard::showFirstPage(state_.consist);
         refreshPics();
     });
 }
 
 void frmMain::cmdEnd_Click() {
     runGuarded(services_.dialogs, [&] {
-        rakeyard::cmdEnd_Click(state_.consist);
+        rakeyard::showLastUnitPage(state_.consist);
         refreshPics();
     });
 }

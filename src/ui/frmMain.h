@@ -157,7 +157,7 @@ private:
     void Command2_Click();
 
     // Strip and boxes.
-    void Picture1_MouseDown(int index, int button, int shift);
+    void Picture1_MouseDown(int index, SlotButton button, int shift);
     void Picture1_Click(int index);
     void Picture1_DblClick(int index);
     void Picture1_FocusStep(int index, int step);

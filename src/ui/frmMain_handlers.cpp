@@ -147,7 +147,7 @@ void frmMain::mnuAdd_Click() {
             window.exec();
             return window.number();
         };
-        insMultiple(state_, services_.dialogs, selectedLine(wagList), askNumber);
+        addSeveralWagons(state_, services_.dialogs, selectedLine(wagList), askNumber);
     });
     refreshPics();
 }
@@ -159,7 +159,7 @@ void frmMain::mnuInsert_Click() {
 
 void frmMain::mnuDelete_Click() {
     runGuarded(services_.dialogs, [&] {
-        deleteUnits(state_.consist, services_.dialogs);
+        deleteMarkedUnits(state_.consist, services_.dialogs);
         refreshPics();
     });
     refreshPics();
@@ -173,7 +173,7 @@ void frmMain::locList_DblClick() {
     QListWidgetItem* item = locList->currentItem();
     if (!item) return;
     runGuarded(services_.dialogs,
-               [&] { rakeyard::locList_DblClick(state_, stdString(item->text())); });
+               [&] { rakeyard::addEngineOfLine(state_, stdString(item->text())); });
     refreshPics();
 }
 
@@ -181,7 +181,7 @@ void frmMain::wagList_DblClick() {
     QListWidgetItem* item = wagList->currentItem();
     if (!item) return;
     runGuarded(services_.dialogs,
-               [&] { rakeyard::wagList_DblClick(state_, stdString(item->text())); });
+               [&] { rakeyard::addWagonOfLine(state_, stdString(item->text())); });
     refreshPics();
 }
 

@@ -20,10 +20,10 @@ int shiftState(Qt::KeyboardModifiers modifiers) {
 
 namespace {
 
-int buttonNumber(Qt::MouseButton button) {
-    if (button == Qt::LeftButton) return kLeftButton;
-    if (button == Qt::RightButton) return kRightButton;
-    return 4;  // the middle button, which no handler acts on
+SlotButton slotButtonOf(Qt::MouseButton button) {
+    if (button == Qt::LeftButton) return SlotButton::Left;
+    if (button == Qt::RightButton) return SlotButton::Right;
+    return SlotButton::None;  // the middle button, which no handler acts on
 }
 
 }  // namespace
@@ -61,7 +61,7 @@ void SlotPicture::mousePressEvent(QMouseEvent* event) {
     pressed_ = true;
     doubleClicked_ = false;
     if (onMouseDown)
-        onMouseDown(index_, buttonNumber(event->button()), shiftState(event->modifiers()));
+        onMouseDown(index_, slotButtonOf(event->button()), shiftState(event->modifiers()));
 }
 
 void SlotPicture::mouseReleaseEvent(QMouseEvent*) {
@@ -78,7 +78,7 @@ void SlotPicture::mouseDoubleClickEvent(QMouseEvent*) {
     if (onDoubleClick) onDoubleClick(index_);
 }
 
-void SlotPicture::pressAndClick(int button, int shift) {
+void SlotPicture::pressAndClick(SlotButton button, int shift) {
     if (onMouseDown) onMouseDown(index_, button, shift);
     if (onClick) onClick(index_);
 }
@@ -94,10 +94,10 @@ void SlotPicture::keyPressEvent(QKeyEvent* event) {
         case Qt::Key_Return:
         case Qt::Key_Enter:
         case Qt::Key_Space:
-            pressAndClick(kLeftButton, 0);
+            pressAndClick(SlotButton::Left, 0);
             return;
         case Qt::Key_Delete:
-            pressAndClick(kLeftButton, kShiftKey);
+            pressAndClick(SlotButton::Left, kShiftKey);
             return;
         default:
             QWidget::keyPressEvent(event);

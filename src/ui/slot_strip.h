@@ -7,9 +7,9 @@
 namespace rakeyard::ui {
 
 // One picture of the consist strip, Picture1(i). Buttons and shift keys are numbered as the
-// core's slot events take them (kLeftButton, kShiftKey...). It forwards the mouse as press, click
-// (on release) and double click, and lets the keyboard do the same: Enter is a plain left click,
-// Delete a Shift+left click, the arrow keys move the focus to the neighbouring slot.
+// core's slot events take them (SlotButton::Left, kShiftKey...). It forwards the mouse as press,
+// click (on release) and double click, and lets the keyboard do the same: Enter is a plain left
+// click, Delete a Shift+left click, the arrow keys move the focus to the neighbouring slot.
 class SlotPicture : public QWidget {
     Q_OBJECT
 public:
@@ -19,7 +19,7 @@ public:
     const QString& pictureKey() const { return key_; }
     QSize sizeHint() const override;
 
-    std::function<void(int index, int button, int shift)> onMouseDown;
+    std::function<void(int index, SlotButton button, int shift)> onMouseDown;
     std::function<void(int index)> onClick;
     std::function<void(int index)> onDoubleClick;
     std::function<void(int index, int step)> onFocusStep;  // step -1 left, +1 right
@@ -32,7 +32,7 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
-    void pressAndClick(int button, int shift);
+    void pressAndClick(SlotButton button, int shift);
     int index_;
     QString key_ = "EMP";
     bool pressed_ = false;

@@ -18,7 +18,9 @@ using namespace rakeyard;
 class SilentDialogs : public Dialogs {
 public:
     void report(std::string_view, Icon, std::string_view) override {}
-    Answer ask(std::string_view, Buttons, Icon, Answer, std::string_view) override { return Answer::No; }
+    Answer ask(std::string_view, Buttons, Icon, Answer, std::string_view) override {
+        return Answer::No;
+    }
 };
 
 UnitRecord unit(const char* folder, const char* file, const char* type, float length) {
@@ -54,13 +56,14 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     AppState& app = sharedApp();
     app.consist = ConsistState{};
     SilentDialogs dialogs;
-    (void)loadConsistBytes(app, dialogs, std::string_view(reinterpret_cast<const char*>(data), size));
+    (void)loadConsistBytes(app, dialogs,
+                           std::string_view(reinterpret_cast<const char*>(data), size));
     (void)consistFileBytes(app.consist);
-    cmdEnd_Click(app.consist);
-    cmdShift_Click(app.consist, 1);
-    cmdShift_Click(app.consist, 0);
-    Picture1_MouseDown(app.consist, 0, kRightButton, 0);
-    Picture1_Click(app.consist, 0);
+    showLastUnitPage(app.consist);
+    shiftUnits(app.consist, 1);
+    shiftUnits(app.consist, 0);
+    pressSlot(app.consist, 0, SlotButton::Right, 0);
+    clickSlot(app.consist, 0);
     pasteUnits(app.consist, dialogs);
     reorderUnits(app.consist, dialogs);
     return 0;

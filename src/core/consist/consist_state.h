@@ -13,6 +13,9 @@ inline constexpr int kUsedSlots = 300;     // 50 pages of 6
 inline constexpr int kSlotsPerPage = 6;
 inline constexpr int kLastPage = 49;
 
+// The mouse button of a press on a slot.
+enum class SlotButton { None, Left, Right };
+
 // What one of the six screen slots shows.
 struct SlotView {
     std::string pictureKey = "EMP";
@@ -58,7 +61,7 @@ struct ConsistState {
     bool consistChanged = false;
     bool selectionActive = false;
     std::vector<ConsistSlot> selectionBuffer = std::vector<ConsistSlot>(1);
-    int lastButton = 0;  // 1 left, 2 right
+    SlotButton lastButton = SlotButton::None;
     std::string consistToLoad;
     std::string calculatedMaxVelocity;
     std::string trainCfgWord;

@@ -85,7 +85,7 @@ bool closeGaps(ConsistState& state) {
         if (state.slots[i].displayName.empty()) continue;
         for (int j = i; j >= 0; --j) {
             if (!state.slots[j].displayName.empty()) continue;
-            cmdShift_Click(state, 0);
+            shiftUnits(state, 0);
             gapFound = true;
         }
     }

@@ -117,16 +117,16 @@ void addCatalogueUnit(ConsistState& state, const UnitRecord& unit, bool isEngine
     if (openPlaceForUnit(state)) placeUnit(state, unit, isEngine);
 }
 
-void locList_DblClick(const ConsistContext& app, std::string_view listLine) {
+void addEngineOfLine(const ConsistContext& app, std::string_view listLine) {
     addFromList(app, listLine, true);
 }
 
-void wagList_DblClick(const ConsistContext& app, std::string_view listLine) {
+void addWagonOfLine(const ConsistContext& app, std::string_view listLine) {
     addFromList(app, listLine, false);
 }
 
-void insMultiple(const ConsistContext& app, Dialogs& dialogs, std::string_view wagListLine,
-                 const std::function<int(const std::string& wagonName)>& askNumber) {
+void addSeveralWagons(const ConsistContext& app, Dialogs& dialogs, std::string_view wagListLine,
+                      const std::function<int(const std::string& wagonName)>& askNumber) {
     if (wagListLine.empty()) {
         dialogs.report("You must select a wagon from the list", Icon::Exclamation);
         return;
@@ -144,7 +144,7 @@ void insMultiple(const ConsistContext& app, Dialogs& dialogs, std::string_view w
     const int index = selectedScreenSlot(app.consist);
     for (int n = 0; n < number; ++n) {
         insertUnit(app.consist, index);
-        wagList_DblClick(app, wagListLine);
+        addWagonOfLine(app, wagListLine);
     }
     reorderUnits(app.consist, dialogs);
 }
@@ -159,7 +159,7 @@ void pasteUnits(ConsistState& state, Dialogs& dialogs) {
     }
     state.consistChanged = true;
     state.selectionActive = false;
-    cmdEnd_Click(state);
+    showLastUnitPage(state);
     deselectPage(state);
 
     int n = firstFreeSlot(state);
@@ -179,7 +179,7 @@ void pasteUnits(ConsistState& state, Dialogs& dialogs) {
     refreshPics(state);
 }
 
-void deleteUnits(ConsistState& state, Dialogs& dialogs) {
+void deleteMarkedUnits(ConsistState& state, Dialogs& dialogs) {
     if (!state.selectionActive) {
         dialogs.report("First select a unit in the editor with Shift + Click!", Icon::Exclamation);
         return;
@@ -207,12 +207,12 @@ void deleteUnits(ConsistState& state, Dialogs& dialogs) {
         if (!state.slots[i].fileName.empty()) last = i;
     }
     for (int i = 0; i <= last; ++i) {
-        if (state.slots[i].fileName.empty()) cmdShift_Click(state, 0);
+        if (state.slots[i].fileName.empty()) shiftUnits(state, 0);
     }
 }
 
-void Picture1_DblClick(ConsistState& state, int index) {
-    if (state.lastButton == kRightButton) return;
+void removeUnitAtSlot(ConsistState& state, int index) {
+    if (state.lastButton == SlotButton::Right) return;
     ConsistSlot& slot = state.slots[slotOf(state, index)];
     state.consistChanged = true;
     if (isWagonUnit(slot)) changeWagonCount(state.totals, -1);
@@ -243,7 +243,7 @@ void reorderUnits(ConsistState& state, Dialogs& dialogs) {
     refreshPics(state);
 }
 
-void cmdShift_Click(ConsistState& state, int index) {
+void shiftUnits(ConsistState& state, int index) {
     if (state.currentPage > kLastPage) return;
     auto& slots = state.slots;
     int last = 0;
@@ -280,7 +280,7 @@ void cmdShift_Click(ConsistState& state, int index) {
     if (!slots[0].hasCab && gap == 0) state.pendingWarning = kNonDriveable;
 }
 
-void cmdMove_Click(ConsistState& state, int index) {
+void turnPage(ConsistState& state, int index) {
     const int oldPage = state.currentPage;
     if (index == 0 && oldPage > 0) {
         deselectPage(state);
@@ -295,20 +295,20 @@ void cmdMove_Click(ConsistState& state, int index) {
     refreshPics(state);
 }
 
-void cmdHome_Click(ConsistState& state) {
+void showFirstPage(ConsistState& state) {
     deselectPage(state);
     state.currentPage = 0;
     refreshPics(state);
 }
 
-void cmdEnd_Click(ConsistState& state) {
+void showLastUnitPage(ConsistState& state) {
     // Positions can run past 300 after pastes into gaps; the page stays within the consist.
     state.currentPage = std::min(highestPosition(state) / kSlotsPerPage, kLastPage);
     state.savedPage = state.currentPage;
     refreshPics(state);
 }
 
-void Text1_Change(ConsistState& state, Dialogs& dialogs, int index, std::string_view text) {
+void setUnitUid(ConsistState& state, Dialogs& dialogs, int index, std::string_view text) {
     const double number = numberValue(trimBlanks(text));
     if (number >= static_cast<double>(kUidLimit)) {
         dialogs.report("Number too big! You must choose a smaller one.", Icon::Stop);

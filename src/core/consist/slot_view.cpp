@@ -98,18 +98,18 @@ void deselectPage(ConsistState& state) {
     }
 }
 
-void Picture1_MouseDown(ConsistState& state, int index, int button, int shift) {
+void pressSlot(ConsistState& state, int index, SlotButton button, int shift) {
     ConsistSlot& slot = slotOnPage(state, index);
     state.lastButton = button;
-    if (shift == 0 && button == kLeftButton) {
+    if (shift == 0 && button == SlotButton::Left) {
         deselectPage(state);
         state.selectionActive = false;
         slot.imageKey = selectedKey(slot.imageKey);
-    } else if (shift == 0 && button == kRightButton) {
+    } else if (shift == 0 && button == SlotButton::Right) {
         state.consistChanged = true;
         state.selectionActive = false;
         flip(slot);
-    } else if (shift == kShiftKey && button == kLeftButton) {
+    } else if (shift == kShiftKey && button == SlotButton::Left) {
         const std::string& key = slot.imageKey;
         if (key.empty() || key == "EMP" || key == "EMPSEL") return;
         slot.imageKey = "DEL";
@@ -118,7 +118,7 @@ void Picture1_MouseDown(ConsistState& state, int index, int button, int shift) {
     showKey(state, index);
 }
 
-void Picture1_Click(ConsistState& state, int index) {
+void clickSlot(ConsistState& state, int index) {
     if (!state.selectionActive) {
         deselectPage(state);
         state.selectionBuffer.assign(1, ConsistSlot{});
@@ -135,7 +135,7 @@ void Picture1_Click(ConsistState& state, int index) {
     showKey(state, index);
 }
 
-UnitLookup Label1_Click(const ConsistContext& app, Dialogs& dialogs, int index) {
+UnitLookup findUnitOfSlot(const ConsistContext& app, Dialogs& dialogs, int index) {
     const std::string& caption = app.consist.view[index].name;
     if (caption.empty()) return {};
     const ConsistSlot* slot = nullptr;

@@ -7,9 +7,7 @@
 
 namespace rakeyard {
 
-// Mouse buttons and shift keys as the picture events report them.
-inline constexpr int kLeftButton = 1;
-inline constexpr int kRightButton = 2;
+// The keys held with a press, as flags.
 inline constexpr int kShiftKey = 1;
 inline constexpr int kCtrlKey = 2;
 inline constexpr int kAltKey = 4;
@@ -23,10 +21,10 @@ void deselectPage(ConsistState& state);
 // A press on screen slot index. Left alone: the slot shows selected. Right alone: the unit flips.
 // Shift and left: the unit is marked for deletion. shift is a sum of kShiftKey, kCtrlKey,
 // kAltKey.
-void Picture1_MouseDown(ConsistState& state, int index, int button, int shift);
+void pressSlot(ConsistState& state, int index, SlotButton button, int shift);
 // The click that follows every press: selects or deselects the unit and keeps selectionBuffer in
 // click order. A plain press before it makes it the only selected unit.
-void Picture1_Click(ConsistState& state, int index);
+void clickSlot(ConsistState& state, int index);
 
 // The catalogue unit behind a name label, for the description window.
 struct UnitLookup {
@@ -37,6 +35,6 @@ struct UnitLookup {
 };
 // Finds the unit named by Label1(index) in its catalogue by file name and folder; a unit that is
 // not there gets "The unit does not exist!" (engines) or "This unit does not exist!".
-UnitLookup Label1_Click(const ConsistContext& app, Dialogs& dialogs, int index);
+UnitLookup findUnitOfSlot(const ConsistContext& app, Dialogs& dialogs, int index);
 
 }  // namespace rakeyard

@@ -9,9 +9,9 @@ void ConsistTest::add(std::initializer_list<std::string> units) {
     for (const std::string& u : units) {
         const std::string line = "Some unit                      [AA] x        ^" + u.substr(4);
         if (u.starts_with("eng:"))
-            locList_DblClick(*app, line);
+            addEngineOfLine(*app, line);
         else
-            wagList_DblClick(*app, line);
+            addWagonOfLine(*app, line);
     }
 }
 

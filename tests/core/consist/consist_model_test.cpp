@@ -59,14 +59,14 @@ TEST_F(ConsistModel, InsertSumsPlainlyWhilePasteAndDeleteRoundEachStep) {
     EXPECT_EQ(state().totals.length, "0.999");
     EXPECT_EQ(state().totals.wagons, "3");
 
-    Picture1_MouseDown(state(), 0, kLeftButton, 0);
-    Picture1_Click(state(), 0);
+    pressSlot(state(), 0, SlotButton::Left, 0);
+    clickSlot(state(), 0);
     pasteUnits(state(), fake.dialogs);
     EXPECT_EQ(state().totals.length, "1.32");  // round2(round2(0.999) + 0.333)
     EXPECT_EQ(state().totals.wagons, "4");
 
-    cmdHome_Click(state());
-    Picture1_DblClick(state(), 0);
+    showFirstPage(state());
+    removeUnitAtSlot(state(), 0);
     EXPECT_EQ(state().totals.length, "0.98");  // round2(1.32 - 0.333)
     EXPECT_EQ(state().totals.wagons, "3");
 }

@@ -12,9 +12,9 @@ using ::testing::IsEmpty;
 
 class Editing : public ConsistTest {
 protected:
-    void click(int index, int shift = 0, int button = kLeftButton) {
-        Picture1_MouseDown(state(), index, button, shift);
-        Picture1_Click(state(), index);
+    void click(int index, int shift = 0, SlotButton button = SlotButton::Left) {
+        pressSlot(state(), index, button, shift);
+        clickSlot(state(), index);
     }
     std::vector<std::string> files(int count) {
         std::vector<std::string> names;
@@ -73,7 +73,7 @@ TEST_F(Editing, DeselectedUnitIsNotPasted) {
 
 TEST_F(Editing, DeleteRemovesOnlyTheSlotsMarkedWithShiftClick) {
     add({"eng:GP38.eng", "wag:Box.wag", "wag:Coach.wag", "wag:Box.wag"});
-    deleteUnits(state(), fake.dialogs);
+    deleteMarkedUnits(state(), fake.dialogs);
     EXPECT_THAT(fake.dialogs.texts(),
                 ElementsAre("First select a unit in the editor with Shift + Click!"));
 
@@ -82,7 +82,7 @@ TEST_F(Editing, DeleteRemovesOnlyTheSlotsMarkedWithShiftClick) {
     EXPECT_EQ(slot(0).imageKey, "DSLSEL");
     EXPECT_EQ(slot(2).imageKey, "DEL");
     fake.dialogs.answers = {Answer::No};
-    deleteUnits(state(), fake.dialogs);
+    deleteMarkedUnits(state(), fake.dialogs);
     EXPECT_THAT(files(4), ElementsAre("GP38.eng", "Box.wag", "", "Box.wag"));
     EXPECT_EQ(slot(2).imageKey, "");
     EXPECT_EQ(slot(3).position, 3);
@@ -92,7 +92,7 @@ TEST_F(Editing, DeleteRemovesOnlyTheSlotsMarkedWithShiftClick) {
 
     click(1, kShiftKey);
     fake.dialogs.answers = {Answer::Yes};
-    deleteUnits(state(), fake.dialogs);
+    deleteMarkedUnits(state(), fake.dialogs);
     EXPECT_THAT(files(3), ElementsAre("GP38.eng", "Box.wag", ""));
 }
 
@@ -101,7 +101,7 @@ TEST_F(Editing, RightClickFlipsAndLeavesThatUnitAloneSelected) {
     click(0);
     click(1, kCtrlKey);
     state().consistChanged = false;
-    click(2, 0, kRightButton);
+    click(2, 0, SlotButton::Right);
     EXPECT_EQ(slot(2).imageKey, "CARINVSEL");
     EXPECT_TRUE(slot(2).flipped);
     EXPECT_EQ(slot(0).imageKey, "DSL");
@@ -110,7 +110,7 @@ TEST_F(Editing, RightClickFlipsAndLeavesThatUnitAloneSelected) {
     EXPECT_EQ(state().selectionBuffer[0].fileName, "Coach.wag");
     EXPECT_TRUE(state().consistChanged);
 
-    Picture1_DblClick(state(), 2);
+    removeUnitAtSlot(state(), 2);
     EXPECT_EQ(slot(2).fileName, "Coach.wag") << "a double click after a right press does nothing";
 }
 
@@ -119,7 +119,7 @@ TEST_F(Editing, NinetyNineWagonsAreAddedAndRenumbered) {
     slot(0).uid = 50;
     const std::string line = "Box unit                       [AA] Freight        ^box.wag";
     std::string askedFor;
-    insMultiple(*app, fake.dialogs, line, [&](const std::string& name) {
+    addSeveralWagons(*app, fake.dialogs, line, [&](const std::string& name) {
         askedFor = name;
         return 99;
     });
@@ -132,8 +132,8 @@ TEST_F(Editing, NinetyNineWagonsAreAddedAndRenumbered) {
     EXPECT_EQ(state().totals.wagons, "99");
     EXPECT_THAT(fake.dialogs.texts(), IsEmpty());
 
-    insMultiple(*app, fake.dialogs, line, [](const std::string&) { return 100; });
-    insMultiple(*app, fake.dialogs, "", [](const std::string&) -> int { throw 1; });
+    addSeveralWagons(*app, fake.dialogs, line, [](const std::string&) { return 100; });
+    addSeveralWagons(*app, fake.dialogs, "", [](const std::string&) -> int { throw 1; });
     EXPECT_THAT(fake.dialogs.texts(), ElementsAre("That number is too big! The maximum you can\n"
                                                   "add this way must be less than 100.",
                                                   "You must select a wagon from the list"));
@@ -142,17 +142,17 @@ TEST_F(Editing, NinetyNineWagonsAreAddedAndRenumbered) {
 
 TEST_F(Editing, ShiftLeftTwiceClosesATwoSlotGap) {
     add({"eng:GP38.eng", "wag:Box.wag", "wag:Coach.wag", "wag:Tend(1).wag", "wag:Box.wag"});
-    Picture1_DblClick(state(), 1);
-    Picture1_DblClick(state(), 2);
-    cmdShift_Click(state(), 0);
+    removeUnitAtSlot(state(), 1);
+    removeUnitAtSlot(state(), 2);
+    shiftUnits(state(), 0);
     EXPECT_THAT(files(5), ElementsAre("GP38.eng", "", "Tend(1).wag", "Box.wag", ""));
-    cmdShift_Click(state(), 0);
+    shiftUnits(state(), 0);
     EXPECT_THAT(files(5), ElementsAre("GP38.eng", "Tend(1).wag", "Box.wag", "", ""));
-    cmdShift_Click(state(), 0);
+    shiftUnits(state(), 0);
     EXPECT_THAT(files(3), ElementsAre("GP38.eng", "Tend(1).wag", "Box.wag")) << "no gap left";
 
-    Picture1_DblClick(state(), 1);
-    cmdShift_Click(state(), 1);
+    removeUnitAtSlot(state(), 1);
+    shiftUnits(state(), 1);
     EXPECT_THAT(files(4), ElementsAre("GP38.eng", "", "", "Box.wag")) << "right widens the gap";
 }
 
@@ -175,9 +175,9 @@ TEST_F(Editing, RenumberStartsFromTheFirstUidUpToTheLimit) {
 
 TEST_F(Editing, TypedUidTooBigIsRefused) {
     add({"eng:GP38.eng"});
-    Text1_Change(state(), fake.dialogs, 0, " 9999699 ");
+    setUnitUid(state(), fake.dialogs, 0, " 9999699 ");
     EXPECT_EQ(slot(0).uid, 9999699);
-    Text1_Change(state(), fake.dialogs, 0, "9999700");
+    setUnitUid(state(), fake.dialogs, 0, "9999700");
     EXPECT_EQ(slot(0).uid, 9999699);
     EXPECT_THAT(fake.dialogs.texts(),
                 ElementsAre("Number too big! You must choose a smaller one."));
@@ -187,7 +187,7 @@ TEST_F(Editing, EndShowsThePageOfTheFirstFreeSlot) {
     add({"eng:GP38.eng", "wag:Box.wag", "wag:Box.wag", "wag:Box.wag", "wag:Box.wag",
          "wag:Box.wag"});
     EXPECT_EQ(state().currentPage, 0);
-    cmdEnd_Click(state());
+    showLastUnitPage(state());
     EXPECT_EQ(state().currentPage, 1);
     EXPECT_TRUE(state().leftArrowVisible);
 }
