@@ -4,21 +4,10 @@
 #include <vector>
 
 #include "core/consist/consist_context.h"
+#include "core/consist/consist_file.h"
 #include "core/platform/services.h"
 
 namespace rakeyard {
-
-// The lines of a consist file as the reader sees them. A file that starts with FF FE is UTF-16
-// LE text; any other file is read as 8-bit text with its zero bytes dropped. A line ends at CR,
-// and an LF right behind it is swallowed; a lone LF stays in its line. The mark FF FE is not
-// part of line 1.
-struct ConsistLines {
-    std::vector<std::u16string> lines;
-    bool hasMark = false;
-    // The length of line 1 as the Unicode test counts it: the mark counts as two characters.
-    std::size_t firstLineLength() const;
-};
-ConsistLines consistLines(std::string_view bytes);
 
 // The consist name of a header line holding "Name": the text between the first two double
 // quotes, or with no quote at all the text between "(" and ")". inError for an unquoted name

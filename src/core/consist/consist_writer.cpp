@@ -14,62 +14,43 @@ namespace rakeyard {
 
 namespace {
 
-constexpr std::string_view kHeaderLine = "SIMISA@@@@@@@@@@JINX0D0t______";
-constexpr std::string_view kEnd = "\r\n";
-
-std::string quotedIf(const std::string& word, std::string_view specials) {
-    if (word.find_first_of(specials) == std::string::npos) return word;
-    return '"' + word + '"';
-}
-
 std::string withoutExtension(const std::string& fileName) {
     const std::size_t length = utf8Length(fileName);
     return length < 4 ? std::string() : utf8Left(fileName, length - 4);
 }
 
-std::string uidLine(const ConsistSlot& slot) {
-    return "\t\t\tUiD ( " + std::to_string(wholeNumber(slot.uid)) + " )\r\n";
+ConsistWord wordOf(const std::string& text, std::string_view specials) {
+    return {text, text.find_first_of(specials) != std::string::npos};
 }
 
-// An engine's words are quoted for a blank or a parenthesis, a wagon's for a blank only.
-std::string unitBlock(const ConsistSlot& slot) {
-    std::string block;
-    if (isEngineType(slot.unitType)) {
-        const std::string file = quotedIf(withoutExtension(slot.fileName), " ()");
-        const std::string folder = quotedIf(slot.folderName, " ()");
-        block += "\t\tEngine (\r\n";
-        if (slot.flipped) block += "\t\t\tFlip ( )\r\n";
-        block += uidLine(slot);
-        block += "\t\t\tEngineData ( " + file + " " + folder + " )\r\n";
-    } else {
-        const std::string file = quotedIf(withoutExtension(slot.fileName), " ");
-        const std::string folder = quotedIf(slot.folderName, " ");
-        block += "\t\tWagon (\r\n";
-        block += "\t\t\tWagonData ( " + file + " " + folder + " )\r\n";
-        block += uidLine(slot);
-        if (slot.flipped) block += "\t\t\tFlip ( )\r\n";
-    }
-    block += "\t\t)\r\n";
-    return block;
+// A slot's unit as the file gives it. An engine's words are quoted for a blank or a
+// parenthesis, a wagon's for a blank only; an engine's block holds Flip and UiD before its data.
+ConsistFileUnit fileUnitOf(const ConsistSlot& slot) {
+    const bool isEngine = isEngineType(slot.unitType);
+    const std::string_view specials = isEngine ? " ()" : " ";
+    ConsistFileUnit unit;
+    unit.isEngine = isEngine;
+    unit.file = wordOf(withoutExtension(slot.fileName), specials);
+    unit.folder = wordOf(slot.folderName, specials);
+    unit.uid = std::to_string(wholeNumber(slot.uid));
+    unit.flipped = slot.flipped;
+    unit.uidBeforeData = isEngine;
+    unit.flipFirst = isEngine;
+    return unit;
 }
 
-std::string headerText(const ConsistState& state) {
-    const ConsistHeader& header = state.header;
-    std::string maxVelocity = state.calculatedMaxVelocity;
-    if (maxVelocity.empty())
-        maxVelocity = header.maxVelocity.empty() ? "40.00000 1.00000" : header.maxVelocity;
-
-    std::string text(kHeaderLine);
-    text += "\r\n\r\nTrain (\r\n";
-    text += "\tTrainCfg ( " + quotedIf(header.fileName, " ") + "\r\n";
-    if (!header.name.empty()) text += "\t\tName ( \"" + header.name + "\" )\r\n";
-    text += "\t\tSerial ( " + (header.serial.empty() ? std::string("1") : header.serial) + " )\r\n";
-    text += "\t\tMaxVelocity ( " + maxVelocity + " )\r\n";
-    text += "\t\tNextWagonUID ( " + std::to_string(nextWagonUid(state)) + " )\r\n";
-    text += "\t\tDurability ( " +
-            (header.durability.empty() ? std::string("1.00000") : header.durability) + " )";
-    text += kEnd;
-    return text;
+ConsistFileHeader fileHeaderOf(const ConsistState& state) {
+    const ConsistHeader& boxes = state.header;
+    ConsistFileHeader header;
+    header.trainCfg = wordOf(boxes.fileName, " ");
+    header.name = boxes.name;
+    header.serial = boxes.serial.empty() ? "1" : boxes.serial;
+    header.maxVelocity = state.calculatedMaxVelocity;
+    if (header.maxVelocity.empty())
+        header.maxVelocity = boxes.maxVelocity.empty() ? "40.00000 1.00000" : boxes.maxVelocity;
+    header.nextWagonUid = std::to_string(nextWagonUid(state));
+    header.durability = boxes.durability.empty() ? "1.00000" : boxes.durability;
+    return header;
 }
 
 bool isEmptyConsist(const ConsistState& state) {
@@ -108,13 +89,16 @@ long long nextWagonUid(const ConsistState& state) {
     return next;
 }
 
-std::string consistFileBytes(const ConsistState& state) {
-    std::string text = headerText(state);
+ConsistFile consistFileOf(const ConsistState& state) {
+    ConsistFile file;
+    file.header = fileHeaderOf(state);
     for (int i = 0; i < kUsedSlots && !state.slots[i].unitType.empty(); ++i)
-        text += unitBlock(state.slots[i]);
-    text += "\t)\r\n)";
+        file.units.push_back(fileUnitOf(state.slots[i]));
+    return file;
+}
 
-    return encodeMstsText(toUtf16(text));
+std::string consistFileBytes(const ConsistState& state) {
+    return writeConsistFile(consistFileOf(state));
 }
 
 SaveResult saveConsist(const ConsistContext& app, Services& services) {

@@ -2,9 +2,15 @@
 #include <string>
 
 #include "core/consist/consist_context.h"
+#include "core/consist/consist_file.h"
 #include "core/platform/services.h"
 
 namespace rakeyard {
+
+// The consist as it stands, as a consist file value: the header from the boxes (with the
+// defaults for empty ones) and calculatedMaxVelocity, the units from slot 0 up to the first slot
+// with no unit type.
+[[nodiscard]] ConsistFile consistFileOf(const ConsistState& state);
 
 // The ".con" file of the consist as it stands: FF FE, then UTF-16 LE text with CR LF line ends
 // and no line end after the final ")". The header comes from the boxes Text2(0..4) and
