@@ -1,5 +1,6 @@
 #include "core/consist/consist_reader.h"
 
+#include <algorithm>
 #include <optional>
 #include <span>
 #include <unordered_map>
@@ -75,12 +76,11 @@ std::optional<std::u16string> trainCfgWord(std::u16string_view line) {
     return trimBlanks(open == npos ? line : line.substr(open + 1));
 }
 
+// Reads the body lines into units by the editor's own rules: a line with three tabs and
+// "EngineData", "WagonData" or "UiD", the line "\t\t\tFlip ( )", and "\t\t)" ending a unit.
 class BodyReader {
 public:
-    explicit BodyReader(const ConsistContext& app)
-        : app_(app),
-          engines_(usedRecords(app.catalogue, UnitClass::Engine)),
-          wagons_(usedRecords(app.catalogue, UnitClass::Wagon)) {}
+    explicit BodyReader(std::vector<EditorUnit>& units) : units_(units) {}
 
     // Applies every rule that matches the line; false for a damaged line.
     [[nodiscard]] bool read(std::u16string_view line) {
@@ -88,17 +88,20 @@ public:
         if (indented && holds(line, u"EngineData") && !unitData(line, true)) return false;
         if (indented && holds(line, u"WagonData") && !unitData(line, false)) return false;
         if (indented && holds(line, u"UiD") && !uid(line)) return false;
-        if (line == u"\t\t\tFlip ( )") flipNoted_ = true;
-        if (line == u"\t\t)") endOfUnit();
+        if (line == u"\t\t\tFlip ( )") current().flipped = true;
+        if (line == u"\t\t)") {
+            current().ended = true;
+            open_ = false;
+        }
         return true;
     }
-    float lengthTotal = 0;
-    float massTotal = 0;
-    long long unitsRead() const { return n_; }
 
 private:
-    // A unit past slot 599 is read and counted, but not stored.
-    ConsistSlot* slot() { return n_ < kConsistSlots ? &app_.consist.slots[n_] : nullptr; }
+    EditorUnit& current() {
+        if (!open_) units_.emplace_back();
+        open_ = true;
+        return units_.back();
+    }
 
     // The file word: from behind "(" up to the first blank that stands at least three characters
     // on, so that a one-letter word runs on into the folder word.
@@ -119,20 +122,10 @@ private:
     bool unitData(std::u16string_view line, bool isEngine) {
         const std::optional<std::u16string> found = fileWord(line);
         if (!found) return false;
-        const std::string word = utf8(*found) + (isEngine ? ".eng" : ".wag");
-        const UnitRecord* unit = isEngine ? engines_.find(word) : wagons_.find(word);
-        ConsistSlot* target = slot();
-        if (!unit) {
-            if (target) {
-                target->imageKey = "NOTFOUND";
-                target->displayName = utf8Left(word, utf8Length(word) - 4);
-            }
-            return true;
-        }
-        if (target) copyCatalogueFields(*target, *unit, isEngine);
-        lengthTotal = round2(double(lengthTotal) + unit->length);
-        massTotal = round2(double(massTotal) + unit->mass);
-        if (!isEngine) changeWagonCount(app_.consist.totals, 1);
+        ConsistFileUnit data;
+        data.isEngine = isEngine;
+        data.file.text = utf8(*found);
+        current().data.push_back(std::move(data));
         return true;
     }
 
@@ -141,29 +134,66 @@ private:
         if (open == npos) return false;
         const std::size_t blank = line.find(u' ', open + 2);
         if (blank == npos) return false;
-        const double number = numberValue(trimBlanks(mid(line, open + 1, blank - open)));
-        if (ConsistSlot* target = slot()) target->uid = toSingle(number);
+        current().uid = utf8(trimBlanks(mid(line, open + 1, blank - open)));
+        current().hasUid = true;
         return true;
     }
 
-    void endOfUnit() {
-        if (ConsistSlot* target = slot()) {
-            if (flipNoted_) {
-                target->flipped = true;
-                const std::string_view stem = stemOfType(target->unitType);
-                if (!stem.empty()) target->imageKey = std::string(stem) + "INV";
-            }
-            target->position = static_cast<std::int16_t>(n_ + 1);
+    std::vector<EditorUnit>& units_;
+    bool open_ = false;
+};
+
+// Puts the units read into the slots, each tied to its catalogue unit by file name regardless of
+// case; a unit past slot 599 is counted but not stored.
+class SlotFiller {
+public:
+    explicit SlotFiller(const ConsistContext& app)
+        : app_(app),
+          engines_(usedRecords(app.catalogue, UnitClass::Engine)),
+          wagons_(usedRecords(app.catalogue, UnitClass::Wagon)) {}
+
+    void fill(const std::vector<EditorUnit>& units) {
+        for (std::size_t n = 0; n < units.size(); ++n) {
+            ConsistSlot* target = n < kConsistSlots ? &app_.consist.slots[n] : nullptr;
+            const EditorUnit& unit = units[n];
+            for (const ConsistFileUnit& data : unit.data)
+                place(data, target);
+            if (target && unit.hasUid) target->uid = toSingle(numberValue(toUtf16(unit.uid)));
+            if (target && unit.ended) end(*target, unit.flipped, n);
         }
-        flipNoted_ = false;
-        ++n_;
+    }
+    float lengthTotal = 0;
+    float massTotal = 0;
+
+private:
+    void place(const ConsistFileUnit& data, ConsistSlot* target) {
+        const std::string word = data.file.text + (data.isEngine ? ".eng" : ".wag");
+        const UnitRecord* unit = data.isEngine ? engines_.find(word) : wagons_.find(word);
+        if (!unit) {
+            if (target) {
+                target->imageKey = "NOTFOUND";
+                target->displayName = utf8Left(word, utf8Length(word) - 4);
+            }
+            return;
+        }
+        if (target) copyCatalogueFields(*target, *unit, data.isEngine);
+        lengthTotal = round2(double(lengthTotal) + unit->length);
+        massTotal = round2(double(massTotal) + unit->mass);
+        if (!data.isEngine) changeWagonCount(app_.consist.totals, 1);
+    }
+
+    static void end(ConsistSlot& target, bool flipped, std::size_t n) {
+        if (flipped) {
+            target.flipped = true;
+            const std::string_view stem = stemOfType(target.unitType);
+            if (!stem.empty()) target.imageKey = std::string(stem) + "INV";
+        }
+        target.position = static_cast<std::int16_t>(n + 1);
     }
 
     const ConsistContext& app_;
     CatalogueIndex engines_;
     CatalogueIndex wagons_;
-    long long n_ = 0;
-    bool flipNoted_ = false;
 };
 
 void reportCriticalError(Dialogs& dialogs) {
@@ -181,34 +211,42 @@ void startLoad(ConsistState& state) {
 enum class HeaderEnd { Body, NameError, Critical };
 
 // Reads the header lines behind line 1; next is left at the first line of the body.
-HeaderEnd readHeader(ConsistState& state, const std::vector<std::u16string>& lines,
+HeaderEnd readHeader(EditorConsistRead& read, const std::vector<std::u16string>& lines,
                      std::size_t& next) {
+    ConsistFileHeader& header = read.header;
     for (int count = 0; count < kHeaderLines && next < lines.size(); ++count) {
         const std::u16string_view line = lines[next++];
         if (holds(line, u"TrainCfg")) {
-            if (auto word = trainCfgWord(line)) state.trainCfgWord = utf8(*word);
+            if (auto word = trainCfgWord(line)) {
+                header.trainCfg.text = utf8(*word);
+                read.seen.trainCfg = true;
+            }
         }
         if (holds(line, u"Name")) {
             const ConsistName name = nameOfLine(line);
-            state.header.name = utf8(name.name);
+            header.name = utf8(name.name);
+            read.seen.name = true;
             if (name.inError) return HeaderEnd::NameError;
         }
         if (!holds(line, u"\t\t")) continue;
         if (holds(line, u"MaxVelocity (")) {
             const auto value = headerValue(line);
             if (!value) return HeaderEnd::Critical;
-            state.header.maxVelocity = utf8(*value);
+            header.maxVelocity = utf8(*value);
+            read.seen.maxVelocity = true;
         }
         if (holds(line, u"Durability (")) {
             const auto value = headerValue(line);
             if (!value) return HeaderEnd::Critical;
-            state.header.durability = utf8(*value);
+            header.durability = utf8(*value);
+            read.seen.durability = true;
             break;
         }
         if (holds(line, u"Serial (")) {
             const auto value = headerValue(line);
             if (!value) return HeaderEnd::Critical;
-            state.header.serial = utf8(*value);
+            header.serial = utf8(*value);
+            read.seen.serial = true;
         }
     }
     return HeaderEnd::Body;
@@ -242,6 +280,7 @@ std::string notLoadedPart(std::string_view bytes, const ConsistLines& file, long
     if (const long long open = openBlocksAtEnd(file.lines); open > 0)
         reasons += "The file ends early, after line " + std::to_string(file.lines.size()) +
                    ", with " + std::to_string(open) + " block(s) not closed.\n";
+    if (!reasons.empty()) reasons.pop_back();
     return reasons;
 }
 
@@ -291,42 +330,70 @@ std::string consistNameOf(std::string_view path) {
     return withoutLastFour(path.substr(folder + 10));
 }
 
-LoadOutcome loadConsistBytes(const ConsistContext& app, Dialogs& dialogs, std::string_view bytes) {
-    ConsistState& state = app.consist;
-    startLoad(state);
+EditorConsistRead readConsistForEditor(std::string_view bytes) {
+    EditorConsistRead read;
     const ConsistLines file = consistLines(bytes);
     if (file.firstLineLength() != kUnicodeFirstLine) {
-        dialogs.report("This consist isn't in Unicode format!", Icon::Stop);
-        return LoadOutcome::Failed;
+        read.fault = EditorConsistRead::Fault::NotUnicode;
+        return read;
     }
     std::size_t next = 1;
-    switch (readHeader(state, file.lines, next)) {
+    switch (readHeader(read, file.lines, next)) {
         case HeaderEnd::NameError:
-            dialogs.report("There is an error in the name of this consist!", Icon::Stop);
-            return LoadOutcome::Failed;
+            read.fault = EditorConsistRead::Fault::NameError;
+            return read;
         case HeaderEnd::Critical:
-            reportCriticalError(dialogs);
-            return LoadOutcome::Failed;
+            read.fault = EditorConsistRead::Fault::Critical;
+            return read;
         case HeaderEnd::Body:
             break;
     }
-    BodyReader body(app);
+    BodyReader body(read.units);
     for (; next < file.lines.size(); ++next) {
         if (!body.read(file.lines[next])) {
-            reportCriticalError(dialogs);
-            return LoadOutcome::Failed;
+            read.fault = EditorConsistRead::Fault::Critical;
+            return read;
         }
     }
-    setMassText(state.totals, singleText(body.massTotal));
-    setLengthText(state.totals, singleText(body.lengthTotal));
+    const auto ended = std::count_if(read.units.begin(), read.units.end(),
+                                     [](const EditorUnit& unit) { return unit.ended; });
+    read.notLoaded = notLoadedPart(bytes, file, static_cast<long long>(ended));
+    return read;
+}
+
+LoadOutcome loadConsistBytes(const ConsistContext& app, Dialogs& dialogs, std::string_view bytes) {
+    ConsistState& state = app.consist;
+    startLoad(state);
+    const EditorConsistRead read = readConsistForEditor(bytes);
+    const ConsistFileHeader& header = read.header;
+    if (read.seen.trainCfg) state.trainCfgWord = header.trainCfg.text;
+    if (read.seen.name) state.header.name = header.name;
+    if (read.seen.maxVelocity) state.header.maxVelocity = header.maxVelocity;
+    if (read.seen.durability) state.header.durability = header.durability;
+    if (read.seen.serial) state.header.serial = header.serial;
+    SlotFiller filler(app);
+    filler.fill(read.units);
+    switch (read.fault) {
+        case EditorConsistRead::Fault::NotUnicode:
+            dialogs.report("This consist isn't in Unicode format!", Icon::Stop);
+            return LoadOutcome::Failed;
+        case EditorConsistRead::Fault::NameError:
+            dialogs.report("There is an error in the name of this consist!", Icon::Stop);
+            return LoadOutcome::Failed;
+        case EditorConsistRead::Fault::Critical:
+            reportCriticalError(dialogs);
+            return LoadOutcome::Failed;
+        case EditorConsistRead::Fault::None:
+            break;
+    }
+    setMassText(state.totals, singleText(filler.massTotal));
+    setLengthText(state.totals, singleText(filler.lengthTotal));
     // Told before the strip shows the units, so that a cut consist is never taken for whole.
-    const std::string notLoaded = notLoadedPart(bytes, file, body.unitsRead());
-    if (!notLoaded.empty())
-        dialogs.report("Not all of this consist could be loaded.\n" +
-                           notLoaded.substr(0, notLoaded.size() - 1),
+    if (!read.notLoaded.empty())
+        dialogs.report("Not all of this consist could be loaded.\n" + read.notLoaded,
                        Icon::Exclamation);
     refreshPics(state);
-    return notLoaded.empty() ? LoadOutcome::Loaded : LoadOutcome::Incomplete;
+    return read.notLoaded.empty() ? LoadOutcome::Loaded : LoadOutcome::Incomplete;
 }
 
 LoadOutcome loadConsistFile(const ConsistContext& app, Services& services) {

@@ -18,6 +18,32 @@ struct ConsistName {
 };
 ConsistName nameOfLine(std::u16string_view line);
 
+// A unit block as the editor reads it: its data lines (a block normally has one), its UiD
+// as written, whether it is flipped, and whether its closing line was reached.
+struct EditorUnit {
+    std::vector<ConsistFileUnit> data;  // isEngine and the file word of each data line
+    std::string uid;
+    bool hasUid = false;
+    bool flipped = false;
+    bool ended = false;
+};
+
+// A consist file read by the editor's line rules, before anything is matched or shown. Header
+// fields in `header` count only where `seen` says the line was there; on a fault the units and
+// header fields read before it are kept, as the editor shows them.
+struct EditorConsistRead {
+    enum class Fault { None, NotUnicode, NameError, Critical };
+    Fault fault = Fault::None;
+    ConsistFileHeader header;
+    struct {
+        bool trainCfg = false, name = false, maxVelocity = false, durability = false,
+             serial = false;
+    } seen;
+    std::vector<EditorUnit> units;
+    std::string notLoaded;  // what of the file cannot be loaded, a reason a line; "" when all
+};
+[[nodiscard]] EditorConsistRead readConsistForEditor(std::string_view bytes);
+
 // How a load ended. Incomplete: units were loaded, but not all the file holds (told).
 enum class LoadOutcome { Loaded, Incomplete, Failed, NoFile };
 
