@@ -12,7 +12,7 @@ namespace rakeyard::cli {
 
 // Message boxes on a terminal: each report is one "error: ", "warning: " or "info: " line (its
 // line breaks kept) on stderr, and each question a "question: TEXT -> ANSWER" line, answered
-// from --yes/--no or else with the answer that changes and deletes nothing.
+// from --yes/--no or else with the safe answer the question names.
 class TerminalDialogs : public Dialogs {
 public:
     TerminalDialogs(DefaultAnswer answer, std::FILE* out) : answer_(answer), out_(out) {}
@@ -31,10 +31,6 @@ private:
     class TerminalProgress* progress_ = nullptr;
     int errorsReported_ = 0;
 };
-
-// The answer that changes and deletes nothing: No and Cancel, except for questions whose
-// Cancel deletes something (keeping StartErrors.txt is OK).
-Answer safeAnswer(std::string_view question, Buttons buttons);
 
 // A progress bar on stderr, drawn only when stderr is a terminal.
 class TerminalProgress : public Progress {
