@@ -11,10 +11,10 @@
 #include "core/platform/local_file_system.h"
 #include "core/platform/program_folder.h"
 #include "core/settings/settings_file.h"
-#include "ui/frmMain.h"
-#include "ui/frmSplash.h"
-#include "ui/qt_services.h"
-#include "ui/startup_windows.h"
+#include "ui/windows/frmMain.h"
+#include "ui/windows/frmSplash.h"
+#include "ui/windows/qt_services.h"
+#include "ui/windows/startup_windows.h"
 
 using namespace rakeyard;
 using namespace rakeyard::ui;

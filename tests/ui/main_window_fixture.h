@@ -7,8 +7,8 @@
 #include "core/app/app_state.h"
 #include "support/fakes.h"
 #include "support/msts_tree.h"
-#include "ui/frmMain.h"
-#include "ui/slot_strip.h"
+#include "ui/windows/frmMain.h"
+#include "ui/widgets/slot_strip.h"
 
 namespace rakeyard::test {
 

@@ -11,7 +11,7 @@
 #include "core/consist/consist_model.h"
 #include "core/consist/slot_view.h"
 #include "main_window_fixture.h"
-#include "ui/frmQtd.h"
+#include "ui/windows/frmQtd.h"
 
 using rakeyard::test::MainWindowFixture;
 

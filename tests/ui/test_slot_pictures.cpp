@@ -3,7 +3,7 @@
 #include <QSet>
 #include <QtTest>
 
-#include "ui/slot_pictures.h"
+#include "ui/widgets/slot_pictures.h"
 
 using rakeyard::ui::kSlotPictureKeys;
 using rakeyard::ui::slotPicture;

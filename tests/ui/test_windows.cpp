@@ -10,14 +10,14 @@
 #include "core/app/app_state.h"
 #include "support/fakes.h"
 #include "support/msts_tree.h"
-#include "ui/frm3DViewer.h"
-#include "ui/frmAbout.h"
-#include "ui/frmEditor.h"
-#include "ui/frmLoadCon.h"
-#include "ui/frmPath.h"
-#include "ui/frmQtd.h"
-#include "ui/frmScrshots.h"
-#include "ui/path_chooser.h"
+#include "ui/windows/frm3DViewer.h"
+#include "ui/windows/frmAbout.h"
+#include "ui/windows/frmEditor.h"
+#include "ui/windows/frmLoadCon.h"
+#include "ui/windows/frmPath.h"
+#include "ui/windows/frmQtd.h"
+#include "ui/windows/frmScrshots.h"
+#include "ui/widgets/path_chooser.h"
 
 using namespace rakeyard;
 

@@ -1,0 +1,72 @@
+#include "ui/widgets/toolbar_icons.h"
+
+#include <QApplication>
+#include <QPainter>
+#include <QPainterPath>
+#include <QStyle>
+
+#include "ui/widgets/slot_pictures.h"
+
+namespace rakeyard::ui {
+
+namespace {
+
+constexpr int kSize = 24;
+
+struct Glyph {
+    const char* key;
+    const char* text;
+    QRgb colour;
+};
+
+// Buttons with no standard picture show a short sign on a coloured tile.
+constexpr Glyph kGlyphs[] = {
+    {"test", "?!", 0xffc0392b},
+    {"activity", "ACT", 0xff2c7a3f},
+    {"alias", "AL", 0xff6c3483},
+    {"filter", "Y", 0xff34495e},
+    {"reorder", "123", 0xff1f618d},
+    {"paste", "+", 0xff117a65},
+    {"delete", "X", 0xffb03a2e},
+    {"multiple", "xN", 0xff7d6608},
+    {"random", "RND", 0xff873600},
+    {"3dview", "3D", 0xff283747},
+    {"activitydependencies", "DEP", 0xff4a235a},
+    {"dependencies", "CON", 0xff1b4f72},
+    {"loose", "LSE", 0xff6e2c00},
+};
+
+QIcon glyphIcon(const Glyph& glyph) {
+    QPixmap pixmap(kSize * 2, kSize * 2);
+    pixmap.fill(Qt::transparent);
+    QPainter p(&pixmap);
+    p.setRenderHint(QPainter::Antialiasing);
+    p.scale(2, 2);
+    p.setPen(Qt::NoPen);
+    p.setBrush(QColor::fromRgb(glyph.colour));
+    p.drawRoundedRect(1, 1, kSize - 2, kSize - 2, 4, 4);
+    QFont font = p.font();
+    font.setBold(true);
+    font.setPixelSize(std::strlen(glyph.text) > 2 ? 8 : 12);
+    p.setFont(font);
+    p.setPen(Qt::white);
+    p.drawText(QRect(0, 0, kSize, kSize), Qt::AlignCenter, glyph.text);
+    p.end();
+    pixmap.setDevicePixelRatio(2);
+    return QIcon(pixmap);
+}
+
+}  // namespace
+
+QIcon toolbarIcon(const QString& key) {
+    QStyle* style = QApplication::style();
+    if (key == "exit") return style->standardIcon(QStyle::SP_DialogCloseButton);
+    if (key == "new") return style->standardIcon(QStyle::SP_FileIcon);
+    if (key == "open") return style->standardIcon(QStyle::SP_DialogOpenButton);
+    if (key == "save") return style->standardIcon(QStyle::SP_DialogSaveButton);
+    for (const Glyph& glyph : kGlyphs)
+        if (key == glyph.key) return glyphIcon(glyph);
+    return QIcon(slotPicture("ENG"));
+}
+
+}  // namespace rakeyard::ui

@@ -1,0 +1,272 @@
+// The handlers of the main window's menus, toolbar and catalogue lists.
+#include <QAction>
+#include <QApplication>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QMenu>
+#include <QPushButton>
+#include <QStatusBar>
+#include <QToolBar>
+#include <QToolButton>
+
+#include "core/app/start_up.h"
+#include "core/consist/consist_model.h"
+#include "core/consist/consist_reader.h"
+#include "core/consist/consist_writer.h"
+#include "core/consist/editing.h"
+#include "core/consist/save_offer.h"
+#include "core/platform/paths.h"
+#include "core/settings/settings_file.h"
+#include "ui/windows/frm3DViewer.h"
+#include "ui/windows/frmAbout.h"
+#include "ui/windows/frmEditor.h"
+#include "ui/windows/frmHelp.h"
+#include "ui/windows/frmLoadCon.h"
+#include "ui/windows/frmMain.h"
+#include "ui/windows/frmPath.h"
+#include "ui/windows/frmQtd.h"
+#include "ui/windows/frmScrshots.h"
+#include "ui/windows/frmWait.h"
+#include "ui/support/handler_guard.h"
+#include "ui/windows/qt_services.h"
+#include "ui/windows/startup_windows.h"
+
+namespace rakeyard::ui {
+
+namespace {
+
+QAction* toolbarButton(QWidget* owner, const char* key) {
+    return owner->findChild<QAction*>(QString("tbr_") + key);
+}
+
+std::string selectedLine(QListWidget* list) {
+    QListWidgetItem* item = list->currentItem();
+    if (!item || !item->isSelected()) return {};
+    return stdString(item->text());
+}
+
+}  // namespace
+
+void frmMain::connectMenus() {
+    auto both = [this](QAction* entry, const char* key, void (frmMain::*handler)()) {
+        connect(entry, &QAction::triggered, this, handler);
+        if (key) connect(toolbarButton(this, key), &QAction::triggered, this, handler);
+    };
+    both(mnuLoad, "open", &frmMain::mnuLoad_Click);
+    both(mnuSave, "save", &frmMain::mnuSave_Click);
+    both(mnuNew, "new", &frmMain::mnuNew_Click);
+    both(mnuExit, "exit", &frmMain::mnuExit_Click);
+    for (int i = 0; i < 4; ++i)
+        connect(mnuEmpty[i], &QAction::triggered, this, [this, i] { mnuEmpty_Click(i); });
+    both(mnuRenumber, "reorder", &frmMain::mnuRenumber_Click);
+    both(mnuAdd, "multiple", &frmMain::mnuAdd_Click);
+    both(mnuInsert, "paste", &frmMain::mnuInsert_Click);
+    both(mnuDelete, "delete", &frmMain::mnuDelete_Click);
+    both(mnuUnicode, nullptr, &frmMain::mnuUnicode_Click);
+    both(mnuSteam, nullptr, &frmMain::mnuSteam_Click);
+    both(mnuDiesel, nullptr, &frmMain::mnuDiesel_Click);
+    both(mnuElectric, nullptr, &frmMain::mnuElectric_Click);
+    both(mnuLocAI, nullptr, &frmMain::mnuLocAI_Click);
+    both(mnuLocAll, nullptr, &frmMain::mnuLocAll_Click);
+    both(mnuFreight, nullptr, &frmMain::mnuFreight_Click);
+    both(mnuCarriages, nullptr, &frmMain::mnuCarriages_Click);
+    both(mnuTenders, nullptr, &frmMain::mnuTenders_Click);
+    both(mnuWagAll, nullptr, &frmMain::mnuWagAll_Click);
+    connect(tbrFilter->menu(), &QMenu::triggered, this, &frmMain::tbrFilter_ButtonMenuClick);
+    both(mnuMSTSpath, nullptr, &frmMain::mnuMSTSpath_Click);
+    both(mnuEditor, nullptr, &frmMain::mnuEditor_Click);
+    both(mnu3Dviewer, nullptr, &frmMain::mnu3Dviewer_Click);
+    both(mnuScreenshots, nullptr, &frmMain::mnuScreenshots_Click);
+    both(mnuShowPic, nullptr, &frmMain::mnuShowPic_Click);
+    both(mnuHelpFile, nullptr, &frmMain::mnuHelpFile_Click);
+    both(mnuAbout, nullptr, &frmMain::mnuAbout_Click);
+}
+
+// Entries whose windows or routines are not part of the program yet stay disabled; the guide
+// marks them as coming.
+void frmMain::enableBuiltEntries() {
+    for (QAction* notYet :
+         {mnuEditUnit, mnuEditFile, mnuLoose, mnuMissing, mnuActivities, mnuPreview, mnu3D,
+          mnuPicture, mnuConsUse, mnuActsUse, mnuAliasing, mnuMaxvel, mnuAllocated, mnuBigones})
+        notYet->setEnabled(false);
+    for (const char* key : {"test", "activity", "alias", "random", "3dview", "activitydependencies",
+                            "dependencies", "loose"})
+        toolbarButton(this, key)->setEnabled(false);
+}
+
+// ---- Consists ----
+
+void frmMain::mnuLoad_Click() {
+    runGuarded(services_.dialogs, [&] {
+        frmLoadCon chooser(state_, services_, this);
+        chooser.exec();
+    });
+    refreshPics();
+}
+
+void frmMain::mnuSave_Click() {
+    runGuarded(services_.dialogs, [&] { (void)saveConsist(state_, services_); });
+    refreshPics();
+}
+
+void frmMain::mnuNew_Click() {
+    runGuarded(services_.dialogs, [&] { (void)clearConsist(state_, services_); });
+    refreshPics();
+}
+
+void frmMain::mnuEmpty_Click(int index) {
+    runGuarded(services_.dialogs, [&] {
+        const std::string name = state_.consist.recent.names[index];
+        if (name.empty() || !clearConsist(state_, services_)) return;
+        state_.consist.consistToLoad = rakeyard::joinPath(state_.paths.consistsPath, name);
+        (void)loadConsistFile(state_, services_);
+    });
+    refreshPics();
+}
+
+void frmMain::loadConsistFromCommandLine(const std::string& path) {
+    runGuarded(services_.dialogs, [&] {
+        state_.consist.consistToLoad = path;
+        (void)loadConsistFile(state_, services_);
+    });
+    refreshPics();
+}
+
+// ---- Units ----
+
+void frmMain::mnuRenumber_Click() {
+    runGuarded(services_.dialogs, [&] { reorderUnits(state_.consist, services_.dialogs); });
+    refreshPics();
+}
+
+void frmMain::mnuAdd_Click() {
+    runGuarded(services_.dialogs, [&] {
+        auto askNumber = [this](const std::string& wagonName) {
+            frmQtd window(qs(wagonName), this);
+            window.exec();
+            return window.number();
+        };
+        addSeveralWagons(state_, services_.dialogs, selectedLine(wagList), askNumber);
+    });
+    refreshPics();
+}
+
+void frmMain::mnuInsert_Click() {
+    runGuarded(services_.dialogs, [&] { pasteUnits(state_.consist, services_.dialogs); });
+    refreshPics();
+}
+
+void frmMain::mnuDelete_Click() {
+    runGuarded(services_.dialogs, [&] {
+        deleteMarkedUnits(state_.consist, services_.dialogs);
+        refreshPics();
+    });
+    refreshPics();
+}
+
+// ---- Catalogue lists ----
+
+// A double click (or Enter) on a list line adds the unit to the consist. The list's own
+// functions are in frmMain_lists.cpp; this one lives beside the other editing operations.
+void frmMain::locList_DblClick() {
+    QListWidgetItem* item = locList->currentItem();
+    if (!item) return;
+    runGuarded(services_.dialogs,
+               [&] { rakeyard::addEngineOfLine(state_, stdString(item->text())); });
+    refreshPics();
+}
+
+void frmMain::wagList_DblClick() {
+    QListWidgetItem* item = wagList->currentItem();
+    if (!item) return;
+    runGuarded(services_.dialogs,
+               [&] { rakeyard::addWagonOfLine(state_, stdString(item->text())); });
+    refreshPics();
+}
+
+// ---- Options ----
+
+void frmMain::mnuMSTSpath_Click() {
+    runGuarded(services_.dialogs, [&] {
+        const std::string oldPath = state_.paths.mstsPath;
+        frmPath window(state_, services_, this);
+        window.exec();
+        if (window.endProgram()) {
+            QApplication::quit();
+            return;
+        }
+        if (state_.paths.mstsPath == oldPath) return;
+        frmWait wait("Updating information...", this);
+        wait.show();
+        QApplication::setOverrideCursor(Qt::WaitCursor);
+        const StartUpResult result = changeMstsPath(state_, services_, *startUpWindows_, oldPath);
+        QApplication::restoreOverrideCursor();
+        if (result == StartUpResult::Ended) {
+            QApplication::quit();
+            return;
+        }
+        showUnitLists();
+        showStartErrorsButton();
+    });
+    refreshPics();
+}
+
+void frmMain::mnuEditor_Click() {
+    runGuarded(services_.dialogs, [&] {
+        frmEditor window(state_, services_, this);
+        window.exec();
+    });
+}
+
+void frmMain::mnu3Dviewer_Click() {
+    runGuarded(services_.dialogs, [&] {
+        frm3DViewer window(state_, services_, this);
+        if (window.exec() != QDialog::Accepted) return;
+        startUpWindows_->setViewerButton(true, "3D view");
+        if (window.screenshotsWanted()) {
+            frmScrshots screenshots(state_, services_, this);
+            screenshots.exec();
+        }
+    });
+}
+
+void frmMain::mnuScreenshots_Click() {
+    runGuarded(services_.dialogs, [&] {
+        frmScrshots window(state_, services_, this);
+        window.exec();
+    });
+}
+
+// The check mark is the stored preference. The description window it would open at start is
+// not part of the program yet, so the entry only remembers the choice.
+void frmMain::mnuShowPic_Click() {
+    runGuarded(services_.dialogs, [&] {
+        setText(state_.settings, &SettingsRecord::showDescription,
+                mnuShowPic->isChecked() ? "on" : "off");
+        (void)saveSettings(state_.settings, state_.paths, services_);
+    });
+}
+
+void frmMain::showStoredOptions() {
+    mnuShowPic->setChecked(trimmedValue(state_.settings.showDescription) == "on");
+}
+
+// ---- Help ----
+
+void frmMain::mnuHelpFile_Click() {
+    runGuarded(services_.dialogs, [&] {
+        if (!frmHelp::showGuide(state_.paths.programFolder, this))
+            services_.dialogs.report("The user guide (guide.html) is not beside the program.",
+                                     Icon::Exclamation);
+    });
+}
+
+void frmMain::mnuAbout_Click() {
+    runGuarded(services_.dialogs, [&] {
+        frmAbout window(state_, services_, this);
+        window.exec();
+    });
+}
+
+}  // namespace rakeyard::ui

@@ -1,0 +1,220 @@
+// The catalogue lists of the main window: filling them under the filters, and their events.
+#include <QAction>
+#include <QApplication>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QMenu>
+#include <QTimer>
+
+#include "core/app/consist_flows.h"
+#include "core/consist/consist_model.h"
+#include "core/consist/consist_writer.h"
+#include "core/msts/catalogue_reader.h"
+#include "core/msts/unit_list.h"
+#include "core/settings/settings_file.h"
+#include "ui/windows/frmMain.h"
+#include "ui/windows/frmUnicode.h"
+#include "ui/support/handler_guard.h"
+#include "ui/windows/qt_services.h"
+#include "ui/windows/wait_scope.h"
+
+namespace rakeyard::ui {
+
+namespace {
+
+std::span<const UnitRecord> enginesOf(const AppState& state) {
+    return usedRecords(state.catalogue, UnitClass::Engine);
+}
+
+std::span<const UnitRecord> wagonsOf(const AppState& state) {
+    return usedRecords(state.catalogue, UnitClass::Wagon);
+}
+
+}  // namespace
+
+void frmMain::fillList(QListWidget* list, const std::vector<std::string>& lines) {
+    const QSignalBlocker quiet(list);
+    list->setUpdatesEnabled(false);
+    list->clear();
+    for (const std::string& line : lines)
+        list->addItem(qs(line));
+    list->setUpdatesEnabled(true);
+}
+
+void frmMain::showUnitLists() {
+    const std::string& engineFilter = state_.paths.engineFilter;
+    const std::string& wagonFilter = state_.paths.wagonFilter;
+    mnuSteam->setChecked(engineFilter == "Steam");
+    mnuDiesel->setChecked(engineFilter == "Diesel");
+    mnuElectric->setChecked(engineFilter == "Electric");
+    mnuLocAI->setChecked(engineFilter == "AI");
+    mnuLocAll->setChecked(engineFilter == "All");
+    mnuFreight->setChecked(wagonFilter == "Freight");
+    mnuCarriages->setChecked(wagonFilter == "Carriage");
+    mnuTenders->setChecked(wagonFilter == "Tender");
+    mnuWagAll->setChecked(wagonFilter == "All");
+    fillList(locList, readEngFilter(enginesOf(state_), engineFilter));
+    fillList(wagList, readWagFilter(wagonsOf(state_), wagonFilter));
+    Label3->setText(QString::number(locList->count()));
+    Label4->setText(QString::number(wagList->count()));
+}
+
+// A filter word is checked in its menu, shown and stored in settings.bin.
+void frmMain::setEngineFilter(const char* word) {
+    runGuarded(services_.dialogs, [&] {
+        state_.paths.engineFilter = word;
+        showUnitLists();
+        setText(state_.settings, &SettingsRecord::showLocoType, word);
+        (void)saveSettings(state_.settings, state_.paths, services_);
+    });
+}
+
+void frmMain::setWagonFilter(const char* word) {
+    runGuarded(services_.dialogs, [&] {
+        state_.paths.wagonFilter = word;
+        showUnitLists();
+        setText(state_.settings, &SettingsRecord::showWagonType, word);
+        (void)saveSettings(state_.settings, state_.paths, services_);
+    });
+}
+
+void frmMain::mnuSteam_Click() {
+    setEngineFilter("Steam");
+}
+void frmMain::mnuDiesel_Click() {
+    setEngineFilter("Diesel");
+}
+void frmMain::mnuElectric_Click() {
+    setEngineFilter("Electric");
+}
+void frmMain::mnuLocAI_Click() {
+    setEngineFilter("AI");
+}
+void frmMain::mnuLocAll_Click() {
+    setEngineFilter("All");
+}
+void frmMain::mnuFreight_Click() {
+    setWagonFilter("Freight");
+}
+void frmMain::mnuCarriages_Click() {
+    setWagonFilter("Carriage");
+}
+void frmMain::mnuTenders_Click() {
+    setWagonFilter("Tender");
+}
+void frmMain::mnuWagAll_Click() {
+    setWagonFilter("All");
+}
+
+// The drop-down's items run the menu entry of the same meaning.
+void frmMain::tbrFilter_ButtonMenuClick(QAction* item) {
+    const QString key = item->data().toString();
+    const std::pair<const char*, QAction*> entries[] = {
+        {"steam", mnuSteam},         {"diesel", mnuDiesel},     {"electric", mnuElectric},
+        {"AIengines", mnuLocAI},     {"allengines", mnuLocAll}, {"freight", mnuFreight},
+        {"carriages", mnuCarriages}, {"tenders", mnuTenders},   {"allwagons", mnuWagAll}};
+    for (const auto& [itemKey, entry] : entries)
+        if (key == itemKey) entry->trigger();
+}
+
+void frmMain::showUnitInStatusBar(QListWidget* list, bool engines) {
+    QListWidgetItem* item = list->currentItem();
+    if (!item) return;
+    const auto records = engines ? enginesOf(state_) : wagonsOf(state_);
+    const auto index = findUnitByKey(records, keyOfLine(stdString(item->text())));
+    if (index) StatusBar1->setText(qs(unitStatusText(records[*index])));
+}
+
+void frmMain::locList_Click() {
+    runGuarded(services_.dialogs, [&] { showUnitInStatusBar(locList, true); });
+}
+
+void frmMain::wagList_Click() {
+    runGuarded(services_.dialogs, [&] { showUnitInStatusBar(wagList, false); });
+}
+
+// Ctrl with the left button opens the unit's file in the text editor. The right button is
+// for the description window, which the program does not have yet.
+void frmMain::locList_MouseDown(Qt::MouseButton button, Qt::KeyboardModifiers shift,
+                                QListWidgetItem* item) {
+    if (button != Qt::LeftButton || !(shift & Qt::ControlModifier) || !item) return;
+    runGuarded(services_.dialogs, [&] {
+        (void)openUnitInEditor(state_.paths, enginesOf(state_), stdString(item->text()), services_);
+    });
+}
+
+void frmMain::wagList_MouseDown(Qt::MouseButton button, Qt::KeyboardModifiers shift,
+                                QListWidgetItem* item) {
+    if (button != Qt::LeftButton || !(shift & Qt::ControlModifier) || !item) return;
+    runGuarded(services_.dialogs, [&] {
+        (void)openUnitInEditor(state_.paths, wagonsOf(state_), stdString(item->text()), services_);
+    });
+}
+
+// The Delete key sends the unit's whole folder to the recycle bin and reads the list again.
+void frmMain::locList_KeyDown(QKeyEvent* key) {
+    deleteUnitOfList(locList, key, true);
+}
+
+void frmMain::wagList_KeyDown(QKeyEvent* key) {
+    deleteUnitOfList(wagList, key, false);
+}
+
+void frmMain::deleteUnitOfList(QListWidget* list, QKeyEvent* key, bool engines) {
+    if (key->key() != Qt::Key_Delete || key->modifiers() != Qt::NoModifier) return;
+    QListWidgetItem* item = list->currentItem();
+    if (!item) return;
+    runGuarded(services_.dialogs, [&] {
+        if (!deleteUnitOfLine(state_, services_, engines ? UnitClass::Engine : UnitClass::Wagon,
+                              stdString(item->text())))
+            return;
+        if (engines) {
+            Command1_Click();
+        } else {
+            Command2_Click();
+        }
+    });
+}
+
+// Refreshing a list reads its catalogue again; the consist is emptied first, as its units
+// would no longer match the catalogue.
+void frmMain::refreshCatalogue(bool engines) {
+    runGuarded(services_.dialogs, [&] {
+        Text2[0]->setFocus();
+        QListWidget* list = engines ? locList : wagList;
+        list->setVisible(false);
+        bool refreshed = false;
+        {
+            WaitScope wait(
+                engines ? "Please wait. Reading engines..." : "Please wait. Reading wagons...",
+                services_.progress, this);
+            refreshed = rakeyard::refreshCatalogue(state_, services_,
+                                                   engines ? UnitClass::Engine : UnitClass::Wagon);
+        }
+        if (refreshed) showUnitLists();
+        list->setVisible(true);
+        showStartErrorsButton();
+    });
+    refreshPics();
+}
+
+void frmMain::Command1_Click() {
+    refreshCatalogue(true);
+}
+
+void frmMain::Command2_Click() {
+    refreshCatalogue(false);
+}
+
+void frmMain::mnuUnicode_Click() {
+    runGuarded(services_.dialogs, [&] {
+        frmUnicode window(state_, services_, this);
+        window.show();
+        window.checkUnicode();
+        window.exec();
+    });
+}
+
+}  // namespace rakeyard::ui
