@@ -2,6 +2,8 @@
 // holds afterwards, and what the six slots show of it.
 #include <QAction>
 #include <QApplication>
+#include <QDir>
+#include <QFileInfo>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -83,6 +85,7 @@ private Q_SLOTS:
     void addSeveralAsksTheQuantityWindowAndShowsTheUnits();
     void shiftLeftClosesATwoSlotGapOneSlotPerPress();
     void renumberIsRefusedAboveTheLimitAndDoneAtIt();
+    void aNameBoxThatIsNoFileNameSavesNothing();
     void endShowsThePageOfTheFirstFreeSlot();
     void fullLastPageTakesNoMoreUnitsVisibly();
 };
@@ -150,6 +153,20 @@ void MainWindowEditing::renumberIsRefusedAboveTheLimitAndDoneAtIt() {
     QCOMPARE(f.fake.dialogs.shown.size(), std::size_t(1));
     QCOMPARE(f.slot(2).uid, 9999702.0f);
     QCOMPARE(shownStrip(f).uids, QStringList({"9999700", "9999701", "9999702", "", "", ""}));
+}
+
+void MainWindowEditing::aNameBoxThatIsNoFileNameSavesNothing() {
+    MainWindowFixture f;
+    f.addWagon("van.wag");
+    QDir(QString::fromStdString(f.msts.msts())).mkpath("TRAINS/CONSISTS");
+    f.window->Text2[0]->selectAll();
+    QTest::keyClicks(f.window->Text2[0], "../escaped");
+    f.window->mnuSave->trigger();
+    QVERIFY(f.fake.dialogs.texts().back().find("cannot be the name of a consist file") !=
+            std::string::npos);
+    QVERIFY(!QFileInfo::exists(QString::fromStdString(f.msts.msts() + "/TRAINS/escaped.con")));
+    QVERIFY(QDir(QString::fromStdString(f.msts.consists())).isEmpty());
+    QVERIFY(f.state->consist.consistChanged);
 }
 
 void MainWindowEditing::endShowsThePageOfTheFirstFreeSlot() {
