@@ -96,6 +96,12 @@ public:
     }
     void finish() {
         read_.endsEarly = depth_ > 0;
+        // A unit the file never closes is no unit, but its lines are the file's all the same.
+        if (unit_) {
+            for (std::u16string& line : block_)
+                read_.file.layout.items.push_back(
+                    {ConsistFileLayout::Kind::Other, 0, {std::move(line)}});
+        }
         read_.file.layout.header = read_.file.header;
         read_.file.layout.units = read_.file.units;
     }
