@@ -5,6 +5,7 @@
 #include "cli/cli_options.h"
 #include "cli/terminal_services.h"
 #include "core/app/app_state.h"
+#include "core/platform/local_desktop.h"
 #include "core/platform/local_file_system.h"
 #include "core/platform/services.h"
 
@@ -30,7 +31,7 @@ public:
     LocalFileSystem fs;
     TerminalProgress progress;
     TerminalDialogs dialogs;
-    TerminalDesktop desktop;
+    LocalDesktop desktop;
     Services services{fs, dialogs, progress, desktop};
 };
 

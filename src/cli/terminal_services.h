@@ -4,7 +4,6 @@
 #include <string_view>
 
 #include "cli/cli_options.h"
-#include "core/platform/desktop.h"
 #include "core/platform/dialogs.h"
 #include "core/platform/progress.h"
 
@@ -50,16 +49,6 @@ private:
     int maximum_ = 0;
     int value_ = 0;
     int lastPercent_ = -1;
-};
-
-// The desktop of a terminal session: the freedesktop.org trash of the user, programs started
-// without a shell and without waiting, pages opened by xdg-open.
-class TerminalDesktop : public Desktop {
-public:
-    bool moveToTrash(const std::string& path) override;
-    bool startProgram(const std::string& program,
-                      const std::vector<std::string>& arguments) override;
-    void openUrl(std::string_view url) override;
 };
 
 }  // namespace rakeyard::cli

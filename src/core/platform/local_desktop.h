@@ -1,0 +1,17 @@
+#pragma once
+#include "core/platform/desktop.h"
+
+namespace rakeyard {
+
+// The desktop without a window toolkit, as rakeyard-cli has it: the freedesktop.org trash of the
+// user, programs started without a shell and without waiting, pages opened by the system's
+// opener (xdg-open; explorer on Windows).
+class LocalDesktop : public Desktop {
+public:
+    bool moveToTrash(const std::string& path) override;
+    bool startProgram(const std::string& program,
+                      const std::vector<std::string>& arguments) override;
+    void openUrl(std::string_view url) override;
+};
+
+}  // namespace rakeyard
