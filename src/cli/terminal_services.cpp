@@ -20,16 +20,17 @@ std::string_view prefixOf(Icon icon) {
     }
 }
 
-std::string_view answerText(Answer answer) {
+std::string_view answerText(Answer answer, Buttons buttons) {
+    const bool saving = buttons == Buttons::SaveDiscardCancel;
     switch (answer) {
         case Answer::Ok:
             return "OK";
         case Answer::Cancel:
             return "Cancel";
         case Answer::Yes:
-            return "Yes";
+            return saving ? "Save" : "Yes";
         case Answer::No:
-            return "No";
+            return saving ? "Discard" : "No";
     }
     return "";
 }
@@ -49,11 +50,13 @@ std::string terminalLines(std::string_view text) {
 }
 
 Answer affirmative(Buttons buttons) {
-    return buttons == Buttons::YesNo ? Answer::Yes : Answer::Ok;
+    return buttons == Buttons::YesNo || buttons == Buttons::SaveDiscardCancel ? Answer::Yes
+                                                                              : Answer::Ok;
 }
 Answer negative(Buttons buttons) {
     switch (buttons) {
         case Buttons::YesNo:
+        case Buttons::SaveDiscardCancel:  // --no saves nothing and goes on
             return Answer::No;
         case Buttons::OkCancel:
             return Answer::Cancel;
@@ -83,7 +86,7 @@ Answer TerminalDialogs::ask(std::string_view text, Buttons buttons, Icon /*icon*
     Answer answer = safeAnswer;
     if (answer_ == DefaultAnswer::Yes) answer = affirmative(buttons);
     if (answer_ == DefaultAnswer::No) answer = negative(buttons);
-    print("question: ", text, " -> " + std::string(answerText(answer)));
+    print("question: ", text, " -> " + std::string(answerText(answer, buttons)));
     return answer;
 }
 

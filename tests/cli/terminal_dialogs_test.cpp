@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <cstdio>
+#include <string>
 
 #include "cli/terminal_services.h"
 
@@ -24,11 +25,22 @@ TEST(TerminalDialogs, AnswerComesFromTheFlagsOrTheSafeAnswerWhateverTheWording) 
     EXPECT_EQ(yes.ask("Anything?", Buttons::OkCancel, Icon::Question, Answer::Cancel), Answer::Ok);
     TerminalDialogs no(DefaultAnswer::No, out);
     EXPECT_EQ(no.ask("Anything?", Buttons::YesNo, Icon::Question, Answer::Yes), Answer::No);
+    EXPECT_EQ(yes.ask("Save changes?", Buttons::SaveDiscardCancel, Icon::Question, Answer::Cancel),
+              Answer::Yes);
+    EXPECT_EQ(no.ask("Save changes?", Buttons::SaveDiscardCancel, Icon::Question, Answer::Cancel),
+              Answer::No);
+    EXPECT_EQ(safe.ask("Save changes?", Buttons::SaveDiscardCancel, Icon::Question, Answer::Cancel),
+              Answer::Cancel);
 
     std::rewind(out);
     char line[200] = {};
     ASSERT_NE(std::fgets(line, sizeof line, out), nullptr);
     EXPECT_STREQ(line, "question: Do you wish to save these errors to a file? -> OK\n");
+    std::string all = line;
+    while (std::fgets(line, sizeof line, out))
+        all += line;
+    EXPECT_NE(all.find("question: Save changes? -> Save\n"), std::string::npos);
+    EXPECT_NE(all.find("question: Save changes? -> Discard\n"), std::string::npos);
     std::fclose(out);
 }
 

@@ -7,8 +7,8 @@ namespace rakeyard {
 
 SaveOffer offerToSaveConsist(const ConsistContext& app, Services& services) {
     if (!app.consist.consistChanged) return SaveOffer::Unchanged;
-    switch (services.dialogs.ask("Save changes to the consist?", Buttons::YesNo, Icon::Question,
-                                 Answer::No)) {
+    switch (services.dialogs.ask("Save changes to the consist?", Buttons::SaveDiscardCancel,
+                                 Icon::Question, Answer::Cancel)) {
         case Answer::Yes:
         case Answer::Ok:
             return saveConsist(app, services) ? SaveOffer::Saved : SaveOffer::Failed;

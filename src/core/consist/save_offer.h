@@ -9,7 +9,8 @@ namespace rakeyard {
 // unsaved is lost.
 enum class SaveOffer { Unchanged, Saved, Declined, Cancelled, Failed };
 
-// "Save changes to the consist?" for a changed consist; Unchanged without a question otherwise.
+// "Save changes to the consist?" with Save, Discard and Cancel for a changed consist; Unchanged
+// without a question otherwise. Cancel (and Escape) leaves everything as it was.
 [[nodiscard]] SaveOffer offerToSaveConsist(const ConsistContext& app, Services& services);
 
 // Empties the consist after the offer to save it. False, with the consist left as it was, when

@@ -4,7 +4,8 @@
 namespace rakeyard {
 
 enum class Icon { None, Stop, Exclamation, Question, Information };
-enum class Buttons { Ok, OkCancel, YesNo };
+// SaveDiscardCancel answers Yes for Save and No for Discard.
+enum class Buttons { Ok, OkCancel, YesNo, SaveDiscardCancel };
 enum class Answer { Ok, Cancel, Yes, No };
 
 // The one way the program tells the user something or asks a question. The window program

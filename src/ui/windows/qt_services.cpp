@@ -55,11 +55,19 @@ Answer QtDialogs::ask(std::string_view text, Buttons buttons, Icon icon, Answer 
     QMessageBox::StandardButtons shown = QMessageBox::Ok;
     if (buttons == Buttons::OkCancel) shown = QMessageBox::Ok | QMessageBox::Cancel;
     if (buttons == Buttons::YesNo) shown = QMessageBox::Yes | QMessageBox::No;
+    if (buttons == Buttons::SaveDiscardCancel)
+        shown = QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel;
     QMessageBox box(boxIcon(icon), boxTitle(title), qs(text), shown, parent());
+    if (buttons == Buttons::SaveDiscardCancel) {
+        box.setDefaultButton(QMessageBox::Save);
+        box.setEscapeButton(QMessageBox::Cancel);
+    }
     switch (box.exec()) {
         case QMessageBox::Yes:
+        case QMessageBox::Save:
             return Answer::Yes;
         case QMessageBox::No:
+        case QMessageBox::Discard:
             return Answer::No;
         case QMessageBox::Ok:
             return Answer::Ok;

@@ -1,5 +1,7 @@
 #include "core/consist/consist_model.h"
 
+#include <filesystem>
+
 #include "consist_fixture.h"
 #include "core/consist/editing.h"
 #include "core/consist/save_offer.h"
@@ -7,6 +9,8 @@
 
 namespace rakeyard::test {
 namespace {
+
+namespace fs = std::filesystem;
 
 using ::testing::ElementsAre;
 
@@ -124,6 +128,18 @@ TEST_F(ConsistModel, ClearingAfterARefusedSaveKeepsTheConsistThenEmptiesItOnNo) 
 
     EXPECT_TRUE(clearConsist(*app, fake.services));
     EXPECT_EQ(fake.dialogs.shown.size(), 3u) << "nothing to save: no question";
+}
+
+TEST_F(ConsistModel, CancelAtTheSaveQuestionLeavesEverythingAsItWas) {
+    add({"eng:GP38.eng"});
+    state().header.fileName = "Kept";
+    fake.dialogs.answers = {Answer::Cancel};
+    EXPECT_EQ(offerToSaveConsist(*app, fake.services), SaveOffer::Cancelled);
+    fake.dialogs.answers = {Answer::Cancel};
+    EXPECT_FALSE(clearConsist(*app, fake.services));
+    EXPECT_TRUE(state().consistChanged);
+    EXPECT_EQ(slot(0).fileName, "GP38.eng");
+    EXPECT_FALSE(fs::exists(consistPath("Kept.con")));
 }
 
 }  // namespace
