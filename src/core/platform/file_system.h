@@ -44,7 +44,8 @@ public:
     [[nodiscard]] virtual BoundedRead readFileUpTo(const std::string& path,
                                                    std::uintmax_t limit) = 0;
     // The one safe writer: a temporary file beside the target, flushed, renamed over it. On any
-    // failure the old file stays whole and no temporary file is left behind.
+    // failure the old file stays whole and no temporary file is left behind. A read-only target
+    // is refused with a message naming it.
     [[nodiscard]] virtual WriteResult writeFile(const std::string& path,
                                                 std::string_view bytes) = 0;
     // Appends to a report or log of the program's own (not a user's MSTS file).

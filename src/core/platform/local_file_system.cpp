@@ -327,6 +327,12 @@ std::optional<std::string> LocalFileSystem::writeTemporary(std::FILE* file,
 WriteResult LocalFileSystem::writeFile(const std::string& path, std::string_view bytes) {
     const std::string target = resolve(path);
     const std::string folder = folderOf(target);
+    // A file the user marked read-only is kept, whoever runs the program (root writes anything).
+    std::error_code ec;
+    const fs::file_status existing = fs::status(toPath(target), ec);
+    if (!ec && fs::is_regular_file(existing) &&
+        (existing.permissions() & fs::perms::owner_write) == fs::perms::none)
+        return WriteResult{false, "The file " + target + " is read-only."};
     removeStaleTemporaries(folder);
 
     // The temporary's name is short, whatever the target's length, so it always fits in the
@@ -335,7 +341,6 @@ WriteResult LocalFileSystem::writeFile(const std::string& path, std::string_view
     if (!temporary.open(folder)) return WriteResult{false, errorText(temporary.error())};
     std::optional<std::string> failure = writeTemporary(temporary.file(), bytes);
     if (!failure && !temporary.nameAndClose()) failure = errorText(temporary.error());
-    std::error_code ec;
     if (!failure) {
         const fs::file_status old = fs::status(toPath(target), ec);
         if (!ec && fs::is_regular_file(old)) {

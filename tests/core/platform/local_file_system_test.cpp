@@ -237,6 +237,16 @@ TEST_F(SafeWriter, WritesAFileWhoseNameIsAsLongAsTheFolderAllows) {
     EXPECT_EQ(namesIn(temp.path()).size(), 1u);
 }
 
+TEST_F(SafeWriter, AReadOnlyFileIsRefusedByNameAndKeptWhole) {
+    writeText(target, oldText);
+    fs::permissions(target, fs::perms::owner_read | fs::perms::group_read);
+    const WriteResult result = files.writeFile(target, "new");
+    EXPECT_FALSE(result.ok);
+    EXPECT_EQ(result.message, "The file " + target + " is read-only.");
+    EXPECT_EQ(test::readWholeFile(target), oldText);
+    EXPECT_EQ(namesIn(temp.path()), std::vector<std::string>{"unit.eng"});
+}
+
 TEST_F(SafeWriter, ReplacedFileKeepsItsPermissions) {
     writeText(target, oldText);
     fs::permissions(target, fs::perms::owner_read | fs::perms::owner_write);
