@@ -85,6 +85,7 @@ private Q_SLOTS:
     void addSeveralAsksTheQuantityWindowAndShowsTheUnits();
     void shiftLeftClosesATwoSlotGapOneSlotPerPress();
     void renumberIsRefusedAboveTheLimitAndDoneAtIt();
+    void theTitleMarksUnsavedChangesUntilTheSave();
     void aNameBoxThatIsNoFileNameSavesNothing();
     void endShowsThePageOfTheFirstFreeSlot();
     void fullLastPageTakesNoMoreUnitsVisibly();
@@ -153,6 +154,18 @@ void MainWindowEditing::renumberIsRefusedAboveTheLimitAndDoneAtIt() {
     QCOMPARE(f.fake.dialogs.shown.size(), std::size_t(1));
     QCOMPARE(f.slot(2).uid, 9999702.0f);
     QCOMPARE(shownStrip(f).uids, QStringList({"9999700", "9999701", "9999702", "", "", ""}));
+}
+
+void MainWindowEditing::theTitleMarksUnsavedChangesUntilTheSave() {
+    MainWindowFixture f;
+    QCOMPARE(f.window->windowTitle(), QString("Rake Yard"));
+    f.addWagon("van.wag");
+    f.window->Text2[0]->selectAll();
+    QTest::keyClicks(f.window->Text2[0], "Vans");
+    QCOMPARE(f.window->windowTitle(), QString("Vans.con* - Rake Yard"));
+    QDir(QString::fromStdString(f.msts.msts())).mkpath("TRAINS/CONSISTS");
+    f.window->mnuSave->trigger();
+    QCOMPARE(f.window->windowTitle(), QString("Vans.con - Rake Yard"));
 }
 
 void MainWindowEditing::aNameBoxThatIsNoFileNameSavesNothing() {

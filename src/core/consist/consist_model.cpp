@@ -149,6 +149,13 @@ void checkCoupling(ConsistState& state, int j) {
     if (!inOrder) state.pendingWarning = "WARNING: Different coupling type !";
 }
 
+std::string consistWindowTitle(const ConsistState& state) {
+    std::string file =
+        state.header.fileName.empty() ? std::string() : state.header.fileName + ".con";
+    if (state.consistChanged) file += file.empty() ? "(new consist)*" : "*";
+    return file.empty() ? "Rake Yard" : file + " - Rake Yard";
+}
+
 void clearAll(ConsistState& state) {
     state.consistChanged = false;
     for (ConsistSlot& slot : state.slots)

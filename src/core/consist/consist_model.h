@@ -46,6 +46,10 @@ int highestPosition(const ConsistState& state);
 // pending warning. Slots above 149 are not checked.
 void checkCoupling(ConsistState& state, int j);
 
+// The main window's title: the consist's file and a "*" while it has unsaved changes
+// ("RY_Coal_Up.con* - Rake Yard"); the program's name alone for an unnamed, unchanged consist.
+[[nodiscard]] std::string consistWindowTitle(const ConsistState& state);
+
 // Empties the consist, the header boxes, the totals, the page and the selection; consistChanged
 // ends 0. Unsaved changes are the caller's to offer for saving first (clearConsist).
 void clearAll(ConsistState& state);

@@ -24,10 +24,10 @@
 #include "core/msts/catalogue_reader.h"
 #include "core/platform/paths.h"
 #include "ui/support/handler_guard.h"
-#include "ui/windows/qt_services.h"
-#include "ui/widgets/slot_strip.h"
-#include "ui/windows/startup_windows.h"
 #include "ui/support/twips.h"
+#include "ui/widgets/slot_strip.h"
+#include "ui/windows/qt_services.h"
+#include "ui/windows/startup_windows.h"
 
 namespace rakeyard::ui {
 
@@ -131,6 +131,7 @@ bool frmMain::eventFilter(QObject* watched, QEvent* event) {
 
 void frmMain::refreshPics() {
     const ConsistState& consist = state_.consist;
+    showTitle();
     updatingControls_ = true;
     for (int i = 0; i < 6; ++i) {
         const SlotView& slot = consist.view[i];
@@ -242,12 +243,18 @@ void frmMain::Text1_Change(int index) {
         rakeyard::setUnitUid(state_.consist, services_.dialogs, index,
                              stdString(Text1[index]->text()));
     });
+    showTitle();
 }
 
 void frmMain::Text2_Change(int index) {
     if (updatingControls_) return;
     rakeyard::markConsistChanged(state_.consist);
     state_.consist.header.box(index) = stdString(Text2[index]->text());
+    showTitle();
+}
+
+void frmMain::showTitle() {
+    setWindowTitle(qs(rakeyard::consistWindowTitle(state_.consist)));
 }
 
 void frmMain::cmdShift_Click(int index) {

@@ -158,6 +158,8 @@ private:
 
     // Strip and boxes.
     void Picture1_MouseDown(int index, SlotButton button, int shift);
+    // The window's title from the consist's file and its unsaved changes.
+    void showTitle();
     void Picture1_Click(int index);
     void Picture1_DblClick(int index);
     void Picture1_FocusStep(int index, int step);

@@ -130,6 +130,16 @@ TEST_F(ConsistModel, ClearingAfterARefusedSaveKeepsTheConsistThenEmptiesItOnNo) 
     EXPECT_EQ(fake.dialogs.shown.size(), 3u) << "nothing to save: no question";
 }
 
+TEST_F(ConsistModel, TheWindowTitleNamesTheFileAndMarksUnsavedChanges) {
+    EXPECT_EQ(consistWindowTitle(state()), "Rake Yard");
+    state().consistChanged = true;
+    EXPECT_EQ(consistWindowTitle(state()), "(new consist)* - Rake Yard");
+    state().header.fileName = "RY_Coal_Up";
+    EXPECT_EQ(consistWindowTitle(state()), "RY_Coal_Up.con* - Rake Yard");
+    state().consistChanged = false;
+    EXPECT_EQ(consistWindowTitle(state()), "RY_Coal_Up.con - Rake Yard");
+}
+
 TEST_F(ConsistModel, CancelAtTheSaveQuestionLeavesEverythingAsItWas) {
     add({"eng:GP38.eng"});
     state().header.fileName = "Kept";
