@@ -4,11 +4,20 @@
 #include "core/consist/save_offer.h"
 #include "core/msts/catalogue_reader.h"
 #include "core/msts/unit_list.h"
+#include "core/platform/paths.h"
 #include "core/settings/settings_file.h"
 
 namespace rakeyard {
 
 namespace {
+
+// The files in a folder and all its subfolders.
+std::size_t filesIn(FileSystem& fs, const std::string& folder) {
+    std::size_t count = 0;
+    for (const DirEntry& entry : fs.listFolder(folder))
+        count += entry.isFolder ? filesIn(fs, joinPath(folder, entry.name)) : 1;
+    return count;
+}
 
 bool goesOn(SaveOffer offer) {
     return offer != SaveOffer::Failed && offer != SaveOffer::Cancelled;
@@ -52,18 +61,19 @@ bool refreshCatalogue(AppState& state, Services& services, UnitClass which) {
 
 bool deleteUnitOfLine(AppState& state, Services& services, UnitClass which,
                       std::string_view listLine) {
-    const std::string question =
-        which == UnitClass::Engine
-            ? "Do you really want to delete this locomotive?\nThe files in its folder will all "
-              "be sent to the Recycle Bin!"
-            : "Do you really want to delete this wagon?\nThe files in its folder will all be "
-              "sent to the Recycle Bin!";
-    if (services.dialogs.ask(question, Buttons::YesNo, Icon::Question, Answer::No) != Answer::Yes)
-        return false;
     const auto records = usedRecords(state.catalogue, which);
     const auto index = findUnitByKey(records, keyOfLine(listLine), KeyCase::Exact);
     if (!index) return false;
     const UnitRecord unit = records[*index];  // a copy: the catalogue is read again after
+    const std::size_t files = filesIn(services.fs, unit.folderPath);
+    const std::string question =
+        std::string(which == UnitClass::Engine ? "Do you really want to delete this locomotive?"
+                                               : "Do you really want to delete this wagon?") +
+        "\nIts folder " + unit.folderName + " and the " + std::to_string(files) +
+        (files == 1 ? " file" : " files") + " in it will all be sent to the " +
+        std::string(kTrashName) + ", with every other unit of that folder.";
+    if (services.dialogs.ask(question, Buttons::YesNo, Icon::Question, Answer::No) != Answer::Yes)
+        return false;
     return deleteUnitFolder(state.paths, unit, services);
 }
 

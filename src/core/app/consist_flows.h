@@ -23,8 +23,9 @@ void loadChosenConsist(AppState& state, Services& services, const ConsistChooser
 // after the offer to save it; false, with nothing read, when that save failed or was cancelled.
 [[nodiscard]] bool refreshCatalogue(AppState& state, Services& services, UnitClass which);
 
-// The Delete key on a list line: after the question, the unit's whole folder goes to the
-// recycle bin. True when it went; the caller then refreshes the catalogue.
+// The Delete key on a list line: after the question, which names the folder and how many files
+// it holds and whose safe answer is No, the unit's whole folder goes to the trash. True when it
+// went; the caller then refreshes the catalogue.
 [[nodiscard]] bool deleteUnitOfLine(AppState& state, Services& services, UnitClass which,
                                     std::string_view listLine);
 

@@ -138,13 +138,15 @@ bool deleteUnitFolder(const PathGlobals& paths, const UnitRecord& record, Servic
     if (target.empty() || parentPath(target) != trainset || !fs.isFolder(target)) {
         services.dialogs.report("The folder \"" + record.folderName +
                                     "\" is not a folder of the Trainset folder, so it is not "
-                                    "sent to the Recycle Bin.",
+                                    "sent to the " +
+                                    std::string(kTrashName) + ".",
                                 Icon::Stop);
         return false;
     }
     if (!services.desktop.moveToTrash(target)) {
-        services.dialogs.report("The folder " + target + " couldn't be sent to the Recycle Bin.",
-                                Icon::Stop);
+        services.dialogs.report(
+            "The folder " + target + " couldn't be sent to the " + std::string(kTrashName) + ".",
+            Icon::Stop);
         return false;
     }
     return true;

@@ -5,6 +5,13 @@
 
 namespace rakeyard {
 
+// What the user knows the recycle bin as on this system.
+#ifdef _WIN32
+inline constexpr std::string_view kTrashName = "Recycle Bin";
+#else
+inline constexpr std::string_view kTrashName = "Trash";
+#endif
+
 // Services of the desktop around the program: the recycle bin, outside programs, the browser.
 class Desktop {
 public:

@@ -50,7 +50,7 @@ void QtDialogs::report(std::string_view text, Icon icon, std::string_view title)
     box.exec();
 }
 
-Answer QtDialogs::ask(std::string_view text, Buttons buttons, Icon icon, Answer /*safeAnswer*/,
+Answer QtDialogs::ask(std::string_view text, Buttons buttons, Icon icon, Answer safeAnswer,
                       std::string_view title) {
     QMessageBox::StandardButtons shown = QMessageBox::Ok;
     if (buttons == Buttons::OkCancel) shown = QMessageBox::Ok | QMessageBox::Cancel;
@@ -58,9 +58,14 @@ Answer QtDialogs::ask(std::string_view text, Buttons buttons, Icon icon, Answer 
     if (buttons == Buttons::SaveDiscardCancel)
         shown = QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel;
     QMessageBox box(boxIcon(icon), boxTitle(title), qs(text), shown, parent());
+    // Enter gives the answer that changes and deletes nothing, except where saving is asked.
     if (buttons == Buttons::SaveDiscardCancel) {
         box.setDefaultButton(QMessageBox::Save);
         box.setEscapeButton(QMessageBox::Cancel);
+    } else if (safeAnswer == Answer::No) {
+        box.setDefaultButton(QMessageBox::No);
+    } else if (safeAnswer == Answer::Cancel) {
+        box.setDefaultButton(QMessageBox::Cancel);
     }
     switch (box.exec()) {
         case QMessageBox::Yes:

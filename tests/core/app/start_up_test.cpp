@@ -286,3 +286,36 @@ TEST_F(FailedSave, KeepsTheConsistWhenANewOneOrTheCatalogueWouldReplaceIt) {
 
 }  // namespace
 }  // namespace rakeyard
+
+namespace rakeyard {
+namespace {
+
+TEST(DeleteUnitOfLine, TheQuestionNamesTheFolderAndItsFilesAndNoKeepsThem) {
+    test::MstsTree msts;
+    test::FakeServices fake;
+    auto state = std::make_unique<AppState>();
+    state->paths.trainsetPath = msts.trainset();
+    msts.write("TRAINS/TRAINSET/Box/Box.wag", "Wagon ( Box\n");
+    msts.writeBytes("TRAINS/TRAINSET/Box/Box.s", "shape");
+    msts.writeBytes("TRAINS/TRAINSET/Box/Textures/Box.ace", "texture");
+    UnitRecord& wagon = state->catalogue.wagons[0];
+    wagon.fileName = "Box.wag";
+    wagon.folderName = "Box";
+    wagon.folderPath = msts.trainset() + "/Box";
+    state->catalogue.wagonCount = 1;
+
+    fake.dialogs.answers = {Answer::No};
+    EXPECT_FALSE(deleteUnitOfLine(*state, fake.services, UnitClass::Wagon, "Box van ^Box.wag"));
+    EXPECT_TRUE(fake.desktop.trashed.empty());
+    ASSERT_EQ(fake.dialogs.shown.size(), 1u);
+    EXPECT_THAT(fake.dialogs.shown[0].text, HasSubstr("Its folder Box and the 3 files in it"));
+    EXPECT_THAT(fake.dialogs.shown[0].text, HasSubstr(std::string(kTrashName)));
+
+    fake.dialogs.answers = {Answer::Yes};
+    EXPECT_TRUE(deleteUnitOfLine(*state, fake.services, UnitClass::Wagon, "Box van ^Box.wag"));
+    ASSERT_EQ(fake.desktop.trashed.size(), 1u);
+    EXPECT_THAT(fake.desktop.trashed[0], HasSubstr("Box"));
+}
+
+}  // namespace
+}  // namespace rakeyard
