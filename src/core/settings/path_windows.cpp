@@ -49,6 +49,15 @@ WindowOutcome acceptMstsPath(std::string_view text, SettingsRecord& record, Path
         services.dialogs.report("Invalid folder!", Icon::Stop);
         return WindowOutcome::Stay;
     }
+    // A folder that is no MSTS installation is refused here, before anything is stored: a
+    // consist could otherwise be offered for saving into it.
+    if (!services.fs.isFolder(joinPath(typed, "TRAINS\\TRAINSET"))) {
+        services.dialogs.report("Cannot find MSTS in the specified directory!\n\nThe folder " +
+                                    typed + " holds no TRAINS" + std::string(1, kPathSeparator) +
+                                    "TRAINSET folder.",
+                                Icon::Stop);
+        return WindowOutcome::Stay;
+    }
     const std::string msts = services.fs.resolve(typed);
     setText(record, &SettingsRecord::mstsPath, msts);
     // The three folders are derived here and nowhere else, in the letter case they have on disk.

@@ -18,8 +18,9 @@ enum class WindowOutcome { Stay, Close };
 // frmPath: the folder it opens on: the stored MSTS path, or the root when none is stored.
 std::string mstsPathStartFolder(const SettingsRecord& record);
 // frmPath OK. A text that names no folder that can be entered (missing, a file, no access) is
-// refused with "Invalid folder!". Otherwise the MSTS, Consists, Trainset and Sound paths are set
-// from it and written.
+// refused with "Invalid folder!", a folder without TRAINS/TRAINSET with "Cannot find MSTS...";
+// nothing is stored then. Otherwise the MSTS, Consists, Trainset and Sound paths are set from it
+// and written.
 WindowOutcome acceptMstsPath(std::string_view text, SettingsRecord& record, PathGlobals& paths,
                              Services& services);
 enum class PathCancelOutcome { Close, EndProgram };

@@ -142,14 +142,36 @@ TEST_F(InitProg, RefusedViewerSkipsScreenshotsWindowAndDisablesButton) {
     EXPECT_EQ(state->paths.viewerPath, "NO");
 }
 
-TEST_F(InitProg, WrongFolderComesBackToPathWindowUntilTrainsetExists) {
+TEST_F(InitProg, ThePathWindowRefusesAFolderWithoutTrainsetAndStoresNothing) {
     const std::string noTrains = msts.root() + "/home";  // a folder without TRAINS
     windows.pathTexts = {noTrains, msts.msts()};
     ASSERT_EQ(initProg(*state, fake.services, windows), StartUpResult::Ready);
-    EXPECT_EQ(std::count(windows.shown.begin(), windows.shown.end(), "frmPath"), 2);
+    EXPECT_EQ(std::count(windows.shown.begin(), windows.shown.end(), "frmPath"), 1);
+    ASSERT_FALSE(fake.dialogs.shown.empty());
+    EXPECT_EQ(fake.dialogs.shown.front().icon, Icon::Stop);
+    EXPECT_THAT(fake.dialogs.shown.front().text,
+                HasSubstr("Cannot find MSTS in the specified directory!"));
+    EXPECT_THAT(fake.dialogs.shown.front().text, HasSubstr(noTrains));
+    EXPECT_EQ(state->paths.mstsPath, msts.msts());
+}
+
+TEST_F(InitProg, AStoredFolderThatLostItsTrainsetComesBackToThePathWindow) {
+    windows.pathTexts = {msts.msts()};
+    ASSERT_EQ(initProg(*state, fake.services, windows), StartUpResult::Ready);
+    const std::string gone = msts.root() + "/home";
+    setText(state->settings, &SettingsRecord::mstsPath, gone);
+    setText(state->settings, &SettingsRecord::trainsetPath, gone + "/TRAINS/TRAINSET");
+    ASSERT_TRUE(saveSettings(state->settings, state->paths, fake.services));
+
+    auto again = std::make_unique<AppState>();
+    again->paths.programFolder = msts.home();
+    ScriptedWindows later(*again, fake.services);
+    later.pathTexts = {msts.msts()};
+    fake.dialogs.shown.clear();
+    ASSERT_EQ(initProg(*again, fake.services, later), StartUpResult::Ready);
+    EXPECT_EQ(std::count(later.shown.begin(), later.shown.end(), "frmPath"), 1);
     ASSERT_FALSE(fake.dialogs.shown.empty());
     EXPECT_EQ(fake.dialogs.shown.front().title, "ERROR");
-    EXPECT_EQ(fake.dialogs.shown.front().icon, Icon::Stop);
     EXPECT_EQ(fake.dialogs.shown.front().text,
               "Cannot find MSTS in the specified directory!\n\nYou must enter the correct path "
               "for the program.\n\ni.e. \"C:\\Program Files\\Microsoft Games\\Train "
