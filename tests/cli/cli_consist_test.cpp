@@ -169,14 +169,15 @@ TEST_F(ConsistCommands, CopyOverAnExistingConsistOverwritesOnlyWithYes) {
     const std::string before = readWholeFile(msts + "/TRAINS/CONSISTS/RY_PushPull.con");
     const CliRun declined = cli({"consist", "copy", "RY_Coal_Up", "RY_PushPull"});
     EXPECT_EQ(declined.status, 1);
-    EXPECT_THAT(declined.err, HasSubstr("question: Overwrite this consist? -> No"));
+    EXPECT_THAT(declined.err, HasSubstr("question: Overwrite this consist?\n" + msts +
+                                        "/TRAINS/CONSISTS/RY_PushPull.con -> No"));
     EXPECT_THAT(declined.err,
                 HasSubstr("warning: The consist was not saved: nothing was written."));
     EXPECT_EQ(readWholeFile(msts + "/TRAINS/CONSISTS/RY_PushPull.con"), before);
 
     const CliRun accepted = cli({"consist", "copy", "RY_Coal_Up", "RY_PushPull", "--yes"});
     EXPECT_EQ(accepted.status, 0) << accepted.err;
-    EXPECT_THAT(accepted.err, HasSubstr("question: Overwrite this consist? -> Yes"));
+    EXPECT_THAT(accepted.err, HasSubstr("RY_PushPull.con -> Yes"));
     EXPECT_EQ(show("RY_PushPull")["name"], "Valley coal, loaded");
 }
 

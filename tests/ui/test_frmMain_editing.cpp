@@ -166,6 +166,8 @@ void MainWindowEditing::theTitleMarksUnsavedChangesUntilTheSave() {
     QDir(QString::fromStdString(f.msts.msts())).mkpath("TRAINS/CONSISTS");
     f.window->mnuSave->trigger();
     QCOMPARE(f.window->windowTitle(), QString("Vans.con - Rake Yard"));
+    QVERIFY(f.window->StatusBar1->text().startsWith("Saved as "));
+    QVERIFY(f.window->StatusBar1->text().endsWith("Vans.con"));
 }
 
 void MainWindowEditing::aNameBoxThatIsNoFileNameSavesNothing() {

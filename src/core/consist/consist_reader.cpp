@@ -284,6 +284,25 @@ std::string notLoadedPart(std::string_view bytes, const ConsistLines& file, long
     return reasons;
 }
 
+// "N units of this consist are not installed: a, b, c and M more."; "" when all are.
+std::string notInstalledUnits(const ConsistState& state) {
+    constexpr int kNamesShown = 3;
+    int count = 0;
+    std::string names;
+    for (int i = 0; i < kUsedSlots; ++i) {
+        if (state.slots[i].imageKey != "NOTFOUND") continue;
+        if (++count <= kNamesShown) names += (count > 1 ? ", " : "") + state.slots[i].displayName;
+    }
+    if (count == 0) return {};
+    std::string text = count == 1 ? "1 unit of this consist is not installed: "
+                                  : std::to_string(count) +
+                                        " units of this consist are not "
+                                        "installed: ";
+    text += names;
+    if (count > kNamesShown) text += " and " + std::to_string(count - kNamesShown) + " more";
+    return text + ".";
+}
+
 std::size_t findConsistsFolder(std::string_view path) {
     for (std::size_t i = 0; i + 9 < path.size(); ++i) {
         if (isPathSeparator(path[i]) && path.substr(i + 1, 8) == "CONSISTS" &&
@@ -388,7 +407,10 @@ LoadOutcome loadConsistBytes(const ConsistContext& app, Dialogs& dialogs, std::s
     }
     setMassText(state.totals, singleText(filler.massTotal));
     setLengthText(state.totals, singleText(filler.lengthTotal));
-    // Told before the strip shows the units, so that a cut consist is never taken for whole.
+    // Told before the strip shows the units, so that a cut consist is never taken for whole and
+    // missing units are not found one page at a time.
+    if (const std::string missing = notInstalledUnits(state); !missing.empty())
+        dialogs.report(missing, Icon::Exclamation);
     if (!read.notLoaded.empty())
         dialogs.report("Not all of this consist could be loaded.\n" + read.notLoaded,
                        Icon::Exclamation);

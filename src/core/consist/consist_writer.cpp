@@ -106,7 +106,7 @@ SaveResult saveConsist(const ConsistContext& app, Services& services) {
     Dialogs& dialogs = services.dialogs;
     if (isEmptyConsist(state)) {
         dialogs.report("The consist is empty!", Icon::Exclamation);
-        return {SaveOutcome::Refused};
+        return {SaveOutcome::Refused, {}};
     }
     if (closeGaps(state)) {
         dialogs.report("This consist contained gaps and one or more units had to be shifted!",
@@ -115,27 +115,27 @@ SaveResult saveConsist(const ConsistContext& app, Services& services) {
     const std::string& fileName = state.header.fileName;
     if (fileName.empty()) {
         dialogs.report("You must provide a file name for this consist!", Icon::Exclamation);
-        return {SaveOutcome::Refused};
+        return {SaveOutcome::Refused, {}};
     }
     std::string problem = fileNameProblem(fileName);
     if (problem.empty()) problem = fileNameProblem(fileName + ".con");
     if (!problem.empty()) {
         dialogs.report("\"" + fileName + "\" cannot be the name of a consist file.\n" + problem,
                        Icon::Exclamation);
-        return {SaveOutcome::Refused};
+        return {SaveOutcome::Refused, {}};
     }
     const std::string path =
         services.fs.resolve(joinPath(app.paths.consistsPath, fileName + ".con"));
     if (services.fs.fileSize(path).value_or(0) > 0 &&
-        dialogs.ask("Overwrite this consist?", Buttons::YesNo, Icon::Question, Answer::No) !=
-            Answer::Yes)
-        return {SaveOutcome::Declined};
+        dialogs.ask("Overwrite this consist?\n" + path, Buttons::YesNo, Icon::Question,
+                    Answer::No) != Answer::Yes)
+        return {SaveOutcome::Declined, {}};
     if (hasMissingUnit(state)) {
         dialogs.report(
             "This consist contains unit(s) not found!\n"
             "You must erase it from the consist before saving.",
             Icon::Exclamation);
-        return {SaveOutcome::Refused};
+        return {SaveOutcome::Refused, {}};
     }
 
     const bool wasChanged = state.consistChanged;
@@ -144,9 +144,9 @@ SaveResult saveConsist(const ConsistContext& app, Services& services) {
     if (!written) {
         state.consistChanged = wasChanged;
         dialogs.report("The consist could not be saved:\n" + written.message, Icon::Stop);
-        return {SaveOutcome::Failed};
+        return {SaveOutcome::Failed, {}};
     }
-    return {SaveOutcome::Saved};
+    return {SaveOutcome::Saved, path};
 }
 
 }  // namespace rakeyard

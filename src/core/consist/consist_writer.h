@@ -26,15 +26,16 @@ long long nextWagonUid(const ConsistState& state);
 enum class SaveOutcome { Saved, Refused, Declined, Failed };
 struct SaveResult {
     SaveOutcome outcome = SaveOutcome::Refused;
+    std::string path;  // where the consist was written, once Saved
     explicit operator bool() const { return outcome == SaveOutcome::Saved; }
 };
 
-// Saves the consist as "<Consists folder>/<Text2(0)>.con". Refuses an empty consist, a missing
-// file name or one that is not a plain file name (a folder, "..", a name Windows forbids), an
-// overwrite the user declines and units missing from the catalogue, each with its message; gaps
-// are closed first (and stay closed even when the save is refused then). The file is written
-// whole or not at all: a failed write is told to the user, the old file stays and
-// consistChanged stays set.
+// Saves the consist as "<Consists folder>/<Text2(0)>.con"; the overwrite question names that file.
+// Refuses an empty consist, a missing file name or one that is not a plain file name (a folder,
+// "..", a name Windows forbids), an overwrite the user declines and units missing from the
+// catalogue, each with its message; gaps are closed first (and stay closed even when the save is
+// refused then). The file is written whole or not at all: a failed write is told to the user, the
+// old file stays and consistChanged stays set.
 [[nodiscard]] SaveResult saveConsist(const ConsistContext& app, Services& services);
 
 }  // namespace rakeyard

@@ -82,11 +82,13 @@ void refreshPics(ConsistState& state) {
         shown.uidText = slot.displayName.empty() ? std::string() : trimBlanks(singleText(slot.uid));
         shown.name = slot.displayName;
     }
+    // A unit that is not installed has no file name but still stands in the consist: the arrows
+    // look at the names shown.
     const int first = state.currentPage * kSlotsPerPage;
-    state.leftArrowVisible = first > 0 && !state.slots[first - 1].fileName.empty();
+    state.leftArrowVisible = first > 0 && !state.slots[first - 1].displayName.empty();
     const int lastOnPage = first + kSlotsPerPage - 1;
     state.rightArrowVisible =
-        lastOnPage < kUsedSlots - 1 && !state.slots[lastOnPage + 1].fileName.empty();
+        lastOnPage < kUsedSlots - 1 && !state.slots[lastOnPage + 1].displayName.empty();
 }
 
 void deselectPage(ConsistState& state) {

@@ -18,6 +18,7 @@
 #include "core/consist/save_offer.h"
 #include "core/platform/paths.h"
 #include "core/settings/settings_file.h"
+#include "ui/support/handler_guard.h"
 #include "ui/windows/frm3DViewer.h"
 #include "ui/windows/frmAbout.h"
 #include "ui/windows/frmEditor.h"
@@ -28,7 +29,6 @@
 #include "ui/windows/frmQtd.h"
 #include "ui/windows/frmScrshots.h"
 #include "ui/windows/frmWait.h"
-#include "ui/support/handler_guard.h"
 #include "ui/windows/qt_services.h"
 #include "ui/windows/startup_windows.h"
 
@@ -106,7 +106,10 @@ void frmMain::mnuLoad_Click() {
 }
 
 void frmMain::mnuSave_Click() {
-    runGuarded(services_.dialogs, [&] { (void)saveConsist(state_, services_); });
+    runGuarded(services_.dialogs, [&] {
+        if (const SaveResult saved = saveConsist(state_, services_))
+            StatusBar1->setText(qs("Saved as " + saved.path));
+    });
     refreshPics();
 }
 

@@ -7,6 +7,7 @@
 #include "consist_fixture.h"
 #include "core/consist/consist_model.h"
 #include "core/consist/consist_writer.h"
+#include "core/consist/editing.h"
 #include "core/platform/text_utf.h"
 
 namespace rakeyard::test {
@@ -104,6 +105,25 @@ TEST_F(LoadConsist, TotalsAreRoundedPerUnitAndShownAtTheEnd) {
     EXPECT_EQ(state().view[3].pictureKey, "NOTFOUND");
     EXPECT_EQ(state().header.fileName, "Three");
     EXPECT_EQ(state().recent.names[0], "Three.con");
+}
+
+TEST_F(LoadConsist, UnitsNotInstalledAreToldOnceAndKeepTheStripsArrows) {
+    std::string units;
+    for (int i = 1; i <= 15; ++i)
+        units += wagon("Gone" + std::to_string(i) + " Gone", i);
+    loadText("Gone.con", kHeader + units + kEnd);
+    EXPECT_THAT(fake.dialogs.texts(),
+                ElementsAre("15 units of this consist are not installed: Gone1, Gone2, Gone3 and "
+                            "12 more."));
+    EXPECT_EQ(fake.dialogs.shown[0].icon, Icon::Exclamation);
+    EXPECT_TRUE(state().rightArrowVisible) << "units follow on the next page";
+    showLastUnitPage(state());
+    EXPECT_TRUE(state().leftArrowVisible);
+
+    fake.dialogs.shown.clear();
+    loadText("One.con", kHeader + engine("GP38 GP38", 1) + wagon("Nowhere Nowhere", 2) + kEnd);
+    EXPECT_THAT(fake.dialogs.texts(),
+                ElementsAre("1 unit of this consist is not installed: Nowhere."));
 }
 
 TEST_F(LoadConsist, WordsAreReadAsTheLinesStand) {

@@ -118,7 +118,8 @@ TEST_F(SaveConsist, RefusalsLeaveTheFileAndTheFlagAlone) {
     fake.dialogs.shown.clear();
     fake.dialogs.answers = {Answer::No};
     EXPECT_FALSE(saveConsist(*app, fake.services));
-    EXPECT_THAT(fake.dialogs.texts(), ElementsAre("Overwrite this consist?"));
+    EXPECT_THAT(fake.dialogs.texts(),
+                ElementsAre("Overwrite this consist?\n" + consistPath("Old.con")));
     EXPECT_EQ(saved("Old.con"), before);
     EXPECT_TRUE(state().consistChanged);
 
