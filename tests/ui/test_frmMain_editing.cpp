@@ -4,6 +4,7 @@
 #include <QApplication>
 #include <QDir>
 #include <QFileInfo>
+#include <QInputDialog>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -86,6 +87,7 @@ private Q_SLOTS:
     void shiftLeftClosesATwoSlotGapOneSlotPerPress();
     void renumberIsRefusedAboveTheLimitAndDoneAtIt();
     void theTitleMarksUnsavedChangesUntilTheSave();
+    void saveAsAsksForTheNameAndLeavesTheOldFile();
     void aNameBoxThatIsNoFileNameSavesNothing();
     void endShowsThePageOfTheFirstFreeSlot();
     void fullLastPageTakesNoMoreUnitsVisibly();
@@ -168,6 +170,34 @@ void MainWindowEditing::theTitleMarksUnsavedChangesUntilTheSave() {
     QCOMPARE(f.window->windowTitle(), QString("Vans.con - Rake Yard"));
     QVERIFY(f.window->StatusBar1->text().startsWith("Saved as "));
     QVERIFY(f.window->StatusBar1->text().endsWith("Vans.con"));
+}
+
+void MainWindowEditing::saveAsAsksForTheNameAndLeavesTheOldFile() {
+    MainWindowFixture f;
+    QDir(QString::fromStdString(f.msts.msts())).mkpath("TRAINS/CONSISTS");
+    f.addWagon("van.wag");
+    f.window->Text2[0]->selectAll();
+    QTest::keyClicks(f.window->Text2[0], "Old");
+    f.window->mnuSave->trigger();
+    auto* poll = new QTimer();
+    QObject::connect(poll, &QTimer::timeout, poll, [poll] {
+        for (QWidget* top : QApplication::topLevelWidgets()) {
+            auto* dialog = qobject_cast<QInputDialog*>(top);
+            if (!dialog || !dialog->isVisible()) continue;
+            poll->deleteLater();
+            poll->stop();
+            dialog->setTextValue("New");
+            dialog->accept();
+            return;
+        }
+    });
+    poll->start(10);
+    f.window->mnuSaveAs->trigger();
+    QCOMPARE(f.window->Text2[0]->text(), QString("New"));
+    QCOMPARE(f.window->windowTitle(), QString("New.con - Rake Yard"));
+    QVERIFY(QFileInfo::exists(QString::fromStdString(f.msts.consists() + "/Old.con")));
+    QVERIFY(QFileInfo::exists(QString::fromStdString(f.msts.consists() + "/New.con")));
+    QCOMPARE(f.window->mnuSaveAs->shortcut(), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S));
 }
 
 void MainWindowEditing::aNameBoxThatIsNoFileNameSavesNothing() {

@@ -149,4 +149,12 @@ SaveResult saveConsist(const ConsistContext& app, Services& services) {
     return {SaveOutcome::Saved, path};
 }
 
+SaveResult saveConsistAs(const ConsistContext& app, Services& services, std::string_view name) {
+    std::string kept = std::move(app.consist.header.fileName);
+    app.consist.header.fileName = std::string(name);
+    SaveResult saved = saveConsist(app, services);
+    if (!saved) app.consist.header.fileName = std::move(kept);
+    return saved;
+}
+
 }  // namespace rakeyard

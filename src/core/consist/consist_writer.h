@@ -38,4 +38,9 @@ struct SaveResult {
 // old file stays and consistChanged stays set.
 [[nodiscard]] SaveResult saveConsist(const ConsistContext& app, Services& services);
 
+// Saves the consist under another name (the file-name box gets it). A save that does not happen
+// leaves the box as it was, so that Save still means the file the consist came from.
+[[nodiscard]] SaveResult saveConsistAs(const ConsistContext& app, Services& services,
+                                       std::string_view name);
+
 }  // namespace rakeyard

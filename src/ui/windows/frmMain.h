@@ -56,7 +56,7 @@ public:
     // Menus.
     QMenu *mnuConsists, *mnuUnits, *mnuEdit, *mnuTests, *mnuView, *mnuSelType, *mnuShowLoc,
         *mnuShowWag, *mnuMisc, *mnuOptions, *mnuHelp;
-    QAction *mnuLoad, *mnuSave, *mnuNew, *mnuDummy1, *mnuExit, *mnuDummy3;
+    QAction *mnuLoad, *mnuSave, *mnuSaveAs, *mnuNew, *mnuDummy1, *mnuExit, *mnuDummy3;
     std::array<QAction*, 4> mnuEmpty{};  // mnuEmpty(1..4) at indices 0..3
     QAction *mnuRenumber, *mnuAdd, *mnuDummy2, *mnuInsert, *mnuDelete;
     QAction *mnuEditUnit, *mnuEditFile, *mnuLoose;
@@ -116,6 +116,7 @@ private:
     // Menu and toolbar handlers.
     void mnuLoad_Click();
     void mnuSave_Click();
+    void mnuSaveAs_Click();
     void mnuNew_Click();
     void mnuExit_Click();
     void mnuEmpty_Click(int index);

@@ -1,6 +1,7 @@
 // The handlers of the main window's menus, toolbar and catalogue lists.
 #include <QAction>
 #include <QApplication>
+#include <QInputDialog>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
@@ -55,6 +56,7 @@ void frmMain::connectMenus() {
     };
     both(mnuLoad, "open", &frmMain::mnuLoad_Click);
     both(mnuSave, "save", &frmMain::mnuSave_Click);
+    both(mnuSaveAs, nullptr, &frmMain::mnuSaveAs_Click);
     both(mnuNew, "new", &frmMain::mnuNew_Click);
     both(mnuExit, "exit", &frmMain::mnuExit_Click);
     for (int i = 0; i < 4; ++i)
@@ -108,6 +110,19 @@ void frmMain::mnuLoad_Click() {
 void frmMain::mnuSave_Click() {
     runGuarded(services_.dialogs, [&] {
         if (const SaveResult saved = saveConsist(state_, services_))
+            StatusBar1->setText(qs("Saved as " + saved.path));
+    });
+    refreshPics();
+}
+
+void frmMain::mnuSaveAs_Click() {
+    runGuarded(services_.dialogs, [&] {
+        bool chosen = false;
+        const QString name = QInputDialog::getText(
+            this, "Save consist as", "File name of the consist (without .con):", QLineEdit::Normal,
+            qs(state_.consist.header.fileName), &chosen);
+        if (!chosen) return;
+        if (const SaveResult saved = saveConsistAs(state_, services_, stdString(name.trimmed())))
             StatusBar1->setText(qs("Saved as " + saved.path));
     });
     refreshPics();

@@ -5,8 +5,8 @@
 #include <QToolBar>
 #include <QToolButton>
 
-#include "ui/windows/frmMain.h"
 #include "ui/widgets/toolbar_icons.h"
+#include "ui/windows/frmMain.h"
 
 namespace rakeyard::ui {
 
@@ -47,6 +47,7 @@ void frmMain::buildMenus() {
     mnuConsists = addMenu(this, nullptr, bar, "mnuConsists", "&Consists");
     mnuLoad = addEntry(mnuConsists, "mnuLoad", "&Load");
     mnuSave = addEntry(mnuConsists, "mnuSave", "&Save");
+    mnuSaveAs = addEntry(mnuConsists, "mnuSaveAs", "Save &as...");
     mnuNew = addEntry(mnuConsists, "mnuNew", "&New");
     mnuDummy1 = addSeparator(mnuConsists, "mnuDummy1");
     mnuExit = addEntry(mnuConsists, "mnuExit", "&Exit");
@@ -59,6 +60,7 @@ void frmMain::buildMenus() {
     }
     mnuLoad->setShortcut(QKeySequence::Open);
     mnuSave->setShortcut(QKeySequence::Save);
+    mnuSaveAs->setShortcut(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S));
     mnuNew->setShortcut(QKeySequence::New);
 
     mnuUnits = addMenu(this, nullptr, bar, "mnuUnits", "&Units");

@@ -128,6 +128,23 @@ TEST_F(SaveConsist, RefusalsLeaveTheFileAndTheFlagAlone) {
     EXPECT_NE(saved("Old.con"), before);
 }
 
+TEST_F(SaveConsist, SaveAsWritesTheNewFileAndARefusedNameKeepsTheOld) {
+    add({"eng:GP38.eng"});
+    state().header.fileName = "First";
+    ASSERT_TRUE(saveConsist(*app, fake.services));
+    const std::string first = saved("First.con");
+
+    EXPECT_FALSE(saveConsistAs(*app, fake.services, "../Second"));
+    EXPECT_EQ(state().header.fileName, "First") << "Save still means the first file";
+
+    const SaveResult second = saveConsistAs(*app, fake.services, "Second");
+    ASSERT_TRUE(second);
+    EXPECT_EQ(second.path, consistPath("Second.con"));
+    EXPECT_EQ(state().header.fileName, "Second");
+    EXPECT_EQ(saved("First.con"), first) << "the old file is left as it was";
+    EXPECT_NE(saved("Second.con"), "");
+}
+
 TEST_F(SaveConsist, TwoGapsAreClosedWithOneMessage) {
     add({"eng:GP38.eng", "wag:Box.wag", "wag:Coach.wag", "wag:Box.wag", "wag:Coach.wag"});
     clearSlot(slot(1));
