@@ -88,6 +88,7 @@ private Q_SLOTS:
     void renumberIsRefusedAboveTheLimitAndDoneAtIt();
     void theTitleMarksUnsavedChangesUntilTheSave();
     void saveAsAsksForTheNameAndLeavesTheOldFile();
+    void undoAndRedoTakeBackEditsFromTheEditMenu();
     void aNameBoxThatIsNoFileNameSavesNothing();
     void endShowsThePageOfTheFirstFreeSlot();
     void fullLastPageTakesNoMoreUnitsVisibly();
@@ -198,6 +199,32 @@ void MainWindowEditing::saveAsAsksForTheNameAndLeavesTheOldFile() {
     QVERIFY(QFileInfo::exists(QString::fromStdString(f.msts.consists() + "/Old.con")));
     QVERIFY(QFileInfo::exists(QString::fromStdString(f.msts.consists() + "/New.con")));
     QCOMPARE(f.window->mnuSaveAs->shortcut(), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S));
+}
+
+void MainWindowEditing::undoAndRedoTakeBackEditsFromTheEditMenu() {
+    MainWindowFixture f;
+    QVERIFY(!f.window->mnuUndo->isEnabled());
+    f.addWagon("van.wag");
+    f.addWagon("coal.wag");
+    QCOMPARE(f.window->mnuUndo->text(), QString("&Undo Add wagon"));
+    f.window->Text2[1]->selectAll();
+    QTest::keyClicks(f.window->Text2[1], "Vans");
+    QCOMPARE(f.window->mnuUndo->text(), QString("&Undo Edit header"));
+
+    f.window->mnuUndo->trigger();
+    QCOMPARE(f.window->Text2[1]->text(), QString());
+    f.window->mnuUndo->trigger();
+    QCOMPARE(shownStrip(f).names, QStringList({"Covered van", "", "", "", "", ""}));
+    QCOMPARE(f.window->lblWagons->text(), QString("1"));
+    QCOMPARE(f.window->mnuRedo->text(), QString("&Redo Add wagon"));
+
+    f.window->mnuRedo->trigger();
+    QCOMPARE(shownStrip(f).names, QStringList({"Covered van", "Coal wagon", "", "", "", ""}));
+    QCOMPARE(f.window->mnuRedo->shortcuts().size(), 2);
+
+    f.fake.dialogs.answers = {rakeyard::Answer::No};  // Discard
+    f.window->mnuNew->trigger();  // the consist is replaced: nothing left to undo
+    QVERIFY(!f.window->mnuUndo->isEnabled());
 }
 
 void MainWindowEditing::aNameBoxThatIsNoFileNameSavesNothing() {

@@ -2,6 +2,7 @@
 #include <memory>
 
 #include "core/consist/consist_state.h"
+#include "core/consist/edit_history.h"
 #include "core/msts/unit_record.h"
 #include "core/settings/settings_record.h"
 
@@ -14,6 +15,7 @@ struct AppState {
     PathGlobals paths;
     UnitCatalogue catalogue;
     ConsistState consist;
+    EditHistory history;  // of the consist's edits in the window
     bool debugMode = false;
 };
 

@@ -157,6 +157,7 @@ std::string consistWindowTitle(const ConsistState& state) {
 }
 
 void clearAll(ConsistState& state) {
+    ++state.replaced;
     state.consistChanged = false;
     for (ConsistSlot& slot : state.slots)
         clearSlot(slot);

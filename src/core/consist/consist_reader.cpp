@@ -202,6 +202,7 @@ void reportCriticalError(Dialogs& dialogs) {
 }
 
 void startLoad(ConsistState& state) {
+    ++state.replaced;
     state.totals.wagons = "0";
     state.currentPage = 0;
     for (ConsistSlot& slot : state.slots)

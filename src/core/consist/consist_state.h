@@ -66,6 +66,7 @@ struct ConsistState {
     std::string calculatedMaxVelocity;
     std::string trainCfgWord;
     ConsistHeader header;
+    unsigned replaced = 0;  // counts the times the consist was emptied or loaded
     ConsistTotals totals;
     // The strip as refreshPics last drew it, with the page arrows.
     std::array<SlotView, kSlotsPerPage> view;

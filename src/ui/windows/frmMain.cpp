@@ -132,6 +132,7 @@ bool frmMain::eventFilter(QObject* watched, QEvent* event) {
 void frmMain::refreshPics() {
     const ConsistState& consist = state_.consist;
     showTitle();
+    showUndoEntries();
     updatingControls_ = true;
     for (int i = 0; i < 6; ++i) {
         const SlotView& slot = consist.view[i];
@@ -211,10 +212,7 @@ void frmMain::Timer3_Timer() {}
 // ---- Strip ----
 
 void frmMain::Picture1_MouseDown(int index, SlotButton button, int shift) {
-    runGuarded(services_.dialogs, [&] {
-        rakeyard::pressSlot(state_.consist, index, button, shift);
-        refreshPics();
-    });
+    edit("Flip unit", [&] { rakeyard::pressSlot(state_.consist, index, button, shift); });
 }
 
 void frmMain::Picture1_Click(int index) {
@@ -225,10 +223,7 @@ void frmMain::Picture1_Click(int index) {
 }
 
 void frmMain::Picture1_DblClick(int index) {
-    runGuarded(services_.dialogs, [&] {
-        rakeyard::removeUnitAtSlot(state_.consist, index);
-        refreshPics();
-    });
+    edit("Remove unit", [&] { rakeyard::removeUnitAtSlot(state_.consist, index); });
 }
 
 void frmMain::Picture1_FocusStep(int index, int step) {
@@ -238,19 +233,25 @@ void frmMain::Picture1_FocusStep(int index, int step) {
 
 void frmMain::Text1_Change(int index) {
     if (updatingControls_) return;
+    state_.history.begin("Change UiD", state_.consist);
     runGuarded(services_.dialogs, [&] {
         rakeyard::markConsistChanged(state_.consist);
         rakeyard::setUnitUid(state_.consist, services_.dialogs, index,
                              stdString(Text1[index]->text()));
     });
+    state_.history.commit(state_.consist, true);
     showTitle();
+    showUndoEntries();
 }
 
 void frmMain::Text2_Change(int index) {
     if (updatingControls_) return;
+    state_.history.begin("Edit header", state_.consist);
     rakeyard::markConsistChanged(state_.consist);
     state_.consist.header.box(index) = stdString(Text2[index]->text());
+    state_.history.commit(state_.consist, true);
     showTitle();
+    showUndoEntries();
 }
 
 void frmMain::showTitle() {
@@ -258,10 +259,7 @@ void frmMain::showTitle() {
 }
 
 void frmMain::cmdShift_Click(int index) {
-    runGuarded(services_.dialogs, [&] {
-        rakeyard::shiftUnits(state_.consist, index);
-        refreshPics();
-    });
+    edit("Shift units", [&] { rakeyard::shiftUnits(state_.consist, index); });
 }
 
 void frmMain::cmdMove_Click(int index) {

@@ -1,6 +1,8 @@
 #pragma once
 #include <QMainWindow>
 #include <array>
+#include <functional>
+#include <string_view>
 
 #include "core/app/app_state.h"
 #include "core/platform/services.h"
@@ -57,6 +59,7 @@ public:
     QMenu *mnuConsists, *mnuUnits, *mnuEdit, *mnuTests, *mnuView, *mnuSelType, *mnuShowLoc,
         *mnuShowWag, *mnuMisc, *mnuOptions, *mnuHelp;
     QAction *mnuLoad, *mnuSave, *mnuSaveAs, *mnuNew, *mnuDummy1, *mnuExit, *mnuDummy3;
+    QAction *mnuUndo, *mnuRedo;
     std::array<QAction*, 4> mnuEmpty{};  // mnuEmpty(1..4) at indices 0..3
     QAction *mnuRenumber, *mnuAdd, *mnuDummy2, *mnuInsert, *mnuDelete;
     QAction *mnuEditUnit, *mnuEditFile, *mnuLoose;
@@ -116,6 +119,11 @@ private:
     // Menu and toolbar handlers.
     void mnuLoad_Click();
     void mnuSave_Click();
+    void mnuUndo_Click();
+    void mnuRedo_Click();
+    // Runs an edit of the consist so that it can be undone, then draws the strip.
+    void edit(std::string_view label, const std::function<void()>& action, bool merge = false);
+    void showUndoEntries();
     void mnuSaveAs_Click();
     void mnuNew_Click();
     void mnuExit_Click();
@@ -194,6 +202,7 @@ private:
     std::unique_ptr<QtStartUpWindows> startUpWindows_;
     bool updatingControls_ = false;  // set while the window writes its own boxes
     bool unloading_ = false;
+    unsigned replacedSeen_ = 0;  // the consist's count of replacements the history knows of
 };
 
 }  // namespace rakeyard::ui

@@ -17,6 +17,7 @@
 #include "core/consist/consist_writer.h"
 #include "core/consist/editing.h"
 #include "core/consist/save_offer.h"
+#include "core/consist/slot_view.h"
 #include "core/platform/paths.h"
 #include "core/settings/settings_file.h"
 #include "ui/support/handler_guard.h"
@@ -57,6 +58,8 @@ void frmMain::connectMenus() {
     both(mnuLoad, "open", &frmMain::mnuLoad_Click);
     both(mnuSave, "save", &frmMain::mnuSave_Click);
     both(mnuSaveAs, nullptr, &frmMain::mnuSaveAs_Click);
+    both(mnuUndo, nullptr, &frmMain::mnuUndo_Click);
+    both(mnuRedo, nullptr, &frmMain::mnuRedo_Click);
     both(mnuNew, "new", &frmMain::mnuNew_Click);
     both(mnuExit, "exit", &frmMain::mnuExit_Click);
     for (int i = 0; i < 4; ++i)
@@ -128,6 +131,37 @@ void frmMain::mnuSaveAs_Click() {
     refreshPics();
 }
 
+void frmMain::edit(std::string_view label, const std::function<void()>& action, bool merge) {
+    state_.history.begin(label, state_.consist);
+    runGuarded(services_.dialogs, action);
+    state_.history.commit(state_.consist, merge);
+    refreshPics();
+}
+
+void frmMain::showUndoEntries() {
+    // A consist emptied or loaded since the last look has no edits to undo.
+    if (state_.consist.replaced != replacedSeen_) {
+        replacedSeen_ = state_.consist.replaced;
+        state_.history.clear();
+    }
+    const std::string undo = state_.history.undoLabel();
+    const std::string redo = state_.history.redoLabel();
+    mnuUndo->setText(undo.empty() ? QString("&Undo") : qs("&Undo " + undo));
+    mnuRedo->setText(redo.empty() ? QString("&Redo") : qs("&Redo " + redo));
+    mnuUndo->setEnabled(!undo.empty());
+    mnuRedo->setEnabled(!redo.empty());
+}
+
+void frmMain::mnuUndo_Click() {
+    if (state_.history.undo(state_.consist)) rakeyard::refreshPics(state_.consist);
+    refreshPics();
+}
+
+void frmMain::mnuRedo_Click() {
+    if (state_.history.redo(state_.consist)) rakeyard::refreshPics(state_.consist);
+    refreshPics();
+}
+
 void frmMain::mnuNew_Click() {
     runGuarded(services_.dialogs, [&] { (void)clearConsist(state_, services_); });
     refreshPics();
@@ -154,12 +188,11 @@ void frmMain::loadConsistFromCommandLine(const std::string& path) {
 // ---- Units ----
 
 void frmMain::mnuRenumber_Click() {
-    runGuarded(services_.dialogs, [&] { reorderUnits(state_.consist, services_.dialogs); });
-    refreshPics();
+    edit("Renumber units", [&] { reorderUnits(state_.consist, services_.dialogs); });
 }
 
 void frmMain::mnuAdd_Click() {
-    runGuarded(services_.dialogs, [&] {
+    edit("Add several wagons", [&] {
         auto askNumber = [this](const std::string& wagonName) {
             frmQtd window(qs(wagonName), this);
             window.exec();
@@ -171,16 +204,14 @@ void frmMain::mnuAdd_Click() {
 }
 
 void frmMain::mnuInsert_Click() {
-    runGuarded(services_.dialogs, [&] { pasteUnits(state_.consist, services_.dialogs); });
-    refreshPics();
+    edit("Paste units", [&] { pasteUnits(state_.consist, services_.dialogs); });
 }
 
 void frmMain::mnuDelete_Click() {
-    runGuarded(services_.dialogs, [&] {
+    edit("Delete units", [&] {
         deleteMarkedUnits(state_.consist, services_.dialogs);
         refreshPics();
     });
-    refreshPics();
 }
 
 // ---- Catalogue lists ----
@@ -190,17 +221,13 @@ void frmMain::mnuDelete_Click() {
 void frmMain::locList_DblClick() {
     QListWidgetItem* item = locList->currentItem();
     if (!item) return;
-    runGuarded(services_.dialogs,
-               [&] { rakeyard::addEngineOfLine(state_, stdString(item->text())); });
-    refreshPics();
+    edit("Add engine", [&] { rakeyard::addEngineOfLine(state_, stdString(item->text())); });
 }
 
 void frmMain::wagList_DblClick() {
     QListWidgetItem* item = wagList->currentItem();
     if (!item) return;
-    runGuarded(services_.dialogs,
-               [&] { rakeyard::addWagonOfLine(state_, stdString(item->text())); });
-    refreshPics();
+    edit("Add wagon", [&] { rakeyard::addWagonOfLine(state_, stdString(item->text())); });
 }
 
 // ---- Options ----

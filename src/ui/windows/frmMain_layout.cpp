@@ -11,8 +11,8 @@
 #include <QStyle>
 #include <QVBoxLayout>
 
-#include "ui/windows/frmMain.h"
 #include "ui/widgets/slot_strip.h"
+#include "ui/windows/frmMain.h"
 
 namespace rakeyard::ui {
 

@@ -14,9 +14,9 @@
 #include "core/msts/catalogue_reader.h"
 #include "core/msts/unit_list.h"
 #include "core/settings/settings_file.h"
+#include "ui/support/handler_guard.h"
 #include "ui/windows/frmMain.h"
 #include "ui/windows/frmUnicode.h"
-#include "ui/support/handler_guard.h"
 #include "ui/windows/qt_services.h"
 #include "ui/windows/wait_scope.h"
 

@@ -71,6 +71,14 @@ void frmMain::buildMenus() {
     mnuDelete = addEntry(mnuUnits, "mnuDelete", "&Delete selected");
 
     mnuEdit = addMenu(this, nullptr, bar, "mnuEdit", "&Edit");
+    mnuUndo = addEntry(mnuEdit, "mnuUndo", "&Undo");
+    mnuRedo = addEntry(mnuEdit, "mnuRedo", "&Redo");
+    mnuUndo->setShortcut(QKeySequence::Undo);
+    mnuRedo->setShortcuts(
+        {QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z), QKeySequence(Qt::CTRL | Qt::Key_Y)});
+    mnuUndo->setEnabled(false);
+    mnuRedo->setEnabled(false);
+    addSeparator(mnuEdit, "mnuDummyUndo");
     mnuEditUnit = addEntry(mnuEdit, "mnuEditUnit", "&Edit this unit");
     mnuEditFile = addEntry(mnuEdit, "mnuEditFile", "Edit eng/wag &file");
     mnuLoose = addEntry(mnuEdit, "mnuLoose", "&Loose consists");
