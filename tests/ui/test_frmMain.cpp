@@ -111,6 +111,8 @@ void MainWindow::listsShowTheCatalogueWithCounts() {
     MainWindowFixture f;
     QCOMPARE(f.window->Label3->text(), QString("2"));
     QCOMPARE(f.window->Label4->text(), QString("4"));
+    QCOMPARE(f.window->lblLocFilter->text(), QString("All - 2 of 2"));
+    QCOMPARE(f.window->lblWagFilter->text(), QString("All - 4 of 4"));
     // Sorted by display name; the key stands behind "^".
     QVERIFY(f.window->locList->item(0)->text().startsWith("4F goods"));
     QVERIFY(f.window->locList->item(0)->text().endsWith("^4f.eng"));

@@ -152,4 +152,9 @@ bool deleteUnitFolder(const PathGlobals& paths, const UnitRecord& record, Servic
     return true;
 }
 
+std::string filterSummary(std::string_view filter, std::size_t shown, std::size_t total) {
+    const std::string word = filter == "AI" ? "AI engines" : std::string(filter);
+    return word + " - " + std::to_string(shown) + " of " + std::to_string(total);
+}
+
 }  // namespace rakeyard

@@ -60,4 +60,8 @@ bool openUnitInEditor(const PathGlobals& paths, std::span<const UnitRecord> reco
 // or when the recycle bin did not take it (also told).
 bool deleteUnitFolder(const PathGlobals& paths, const UnitRecord& record, Services& services);
 
+// The filter in force beside a list: "Diesel - 12 of 25" (the menu's word for AI and All).
+[[nodiscard]] std::string filterSummary(std::string_view filter, std::size_t shown,
+                                        std::size_t total);
+
 }  // namespace rakeyard

@@ -78,8 +78,10 @@ public:
     // Catalogue lists.
     QListWidget* locList;
     QListWidget* wagList;
-    QLabel* Label3;  // number of engines shown
-    QLabel* Label4;  // number of wagons shown
+    QLabel* Label3;        // number of engines shown
+    QLabel* Label4;        // number of wagons shown
+    QLabel* lblLocFilter;  // the filter in force: "Diesel - 12 of 25"
+    QLabel* lblWagFilter;
     QPushButton* Command1;
     QPushButton* Command2;
 

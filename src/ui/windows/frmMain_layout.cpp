@@ -76,7 +76,9 @@ QWidget* frmMain::buildListsRow() {
     Command2->setIcon(refresh);
     Command1->setAccessibleName("Refresh engines list");
     Command2->setAccessibleName("Refresh wagons list");
-    auto header = [&](const QString& caption, QLabel* count, QPushButton* button) {
+    lblLocFilter = named(new QLabel(row), "lblLocFilter");
+    lblWagFilter = named(new QLabel(row), "lblWagFilter");
+    auto header = [&](const QString& caption, QLabel* count, QLabel* filter, QPushButton* button) {
         auto* line = new QHBoxLayout();
         auto* title = new QLabel(caption, row);
         QFont bold = title->font();
@@ -84,12 +86,14 @@ QWidget* frmMain::buildListsRow() {
         title->setFont(bold);
         line->addWidget(title);
         line->addWidget(count);
+        line->addSpacing(12);
+        line->addWidget(filter);
         line->addStretch(1);
         line->addWidget(button);
         return line;
     };
-    grid->addLayout(header("Engines:", Label3, Command1), 0, 0);
-    grid->addLayout(header("Wagons:", Label4, Command2), 0, 1);
+    grid->addLayout(header("Engines:", Label3, lblLocFilter, Command1), 0, 0);
+    grid->addLayout(header("Wagons:", Label4, lblWagFilter, Command2), 0, 1);
     grid->addWidget(locList, 1, 0);
     grid->addWidget(wagList, 1, 1);
     grid->setRowStretch(1, 1);

@@ -59,6 +59,10 @@ void frmMain::showUnitLists() {
     fillList(wagList, readWagFilter(wagonsOf(state_), wagonFilter));
     Label3->setText(QString::number(locList->count()));
     Label4->setText(QString::number(wagList->count()));
+    lblLocFilter->setText(qs(filterSummary(
+        engineFilter, locList->count(), usedRecords(state_.catalogue, UnitClass::Engine).size())));
+    lblWagFilter->setText(qs(filterSummary(
+        wagonFilter, wagList->count(), usedRecords(state_.catalogue, UnitClass::Wagon).size())));
 }
 
 // A filter word is checked in its menu, shown and stored in settings.bin.

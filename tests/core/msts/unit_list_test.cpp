@@ -75,6 +75,12 @@ TEST(ReadEngFilter, ShowsWhatEachFilterWordSelects) {
     }
 }
 
+TEST(FilterSummary, NamesTheFilterAndHowManyOfAllAreShown) {
+    EXPECT_EQ(filterSummary("Diesel", 12, 25), "Diesel - 12 of 25");
+    EXPECT_EQ(filterSummary("AI", 0, 3), "AI engines - 0 of 3");
+    EXPECT_EQ(filterSummary("All", 8001, 8001), "All - 8001 of 8001");
+}
+
 TEST(ReadEngFilter, AIListIsEmptyWhenEveryEngineHasACab) {
     const std::vector<UnitRecord> engines = {unit("A.eng", "A", "Diesel"),
                                              unit("B.eng", "B", "Steam")};
