@@ -19,7 +19,7 @@ class MainWindow : public QObject {
 private Q_SLOTS:
     void menuEntriesCarryTheirCaptions();
     void toolbarButtonsCarryTheirToolTips();
-    void entriesOfWindowsNotBuiltAreDisabled();
+    void entriesOfWindowsNotBuiltAreHidden();
     void filterItemRunsTheMenuEntryAndStoresTheWord();
     void listsShowTheCatalogueWithCounts();
     void doubleClickWithUnitThreeSelectedPutsTheNewUnitInSlotThree();
@@ -75,7 +75,7 @@ void MainWindow::toolbarButtonsCarryTheirToolTips() {
                                  "Freight", "Carriages", "Tenders", "All wagons"}));
 }
 
-void MainWindow::entriesOfWindowsNotBuiltAreDisabled() {
+void MainWindow::entriesOfWindowsNotBuiltAreHidden() {
     MainWindowFixture f;
     for (const char* name :
          {"mnuEditUnit",      "mnuEditFile", "mnuLoose",    "mnuMissing",
@@ -83,8 +83,13 @@ void MainWindow::entriesOfWindowsNotBuiltAreDisabled() {
           "mnuConsUse",       "mnuActsUse",  "mnuAliasing", "mnuMaxvel",
           "mnuAllocated",     "mnuBigones",  "tbr_test",    "tbr_activity",
           "tbr_alias",        "tbr_random",  "tbr_3dview",  "tbr_activitydependencies",
-          "tbr_dependencies", "tbr_loose"})
+          "tbr_dependencies", "tbr_loose"}) {
         QVERIFY2(!f.window->findChild<QAction*>(name)->isEnabled(), name);
+        QVERIFY2(!f.window->findChild<QAction*>(name)->isVisible(), name);
+    }
+    QVERIFY(!f.window->findChild<QMenu*>("mnuMisc")->menuAction()->isVisible());
+    QVERIFY(f.window->findChild<QMenu*>("mnuView")->menuAction()->isVisible());
+    QVERIFY(f.window->findChild<QMenu*>("mnuTests")->menuAction()->isVisible());
     for (const char* name :
          {"mnuLoad",     "mnuSave",        "mnuNew",      "mnuExit",  "mnuRenumber", "mnuAdd",
           "mnuInsert",   "mnuDelete",      "mnuUnicode",  "mnuSteam", "mnuMSTSpath", "mnuEditor",

@@ -10,6 +10,8 @@
 #include <QStatusBar>
 #include <QToolBar>
 #include <QToolButton>
+#include <algorithm>
+#include <vector>
 
 #include "core/app/start_up.h"
 #include "core/consist/consist_model.h"
@@ -88,16 +90,28 @@ void frmMain::connectMenus() {
     both(mnuAbout, nullptr, &frmMain::mnuAbout_Click);
 }
 
-// Entries whose windows or routines are not part of the program yet stay disabled; the guide
-// marks them as coming.
+// Entries whose windows or routines are not part of the program yet are hidden (and disabled,
+// so that no key reaches them), and so is a menu left with nothing in it; the guide marks them
+// as coming.
 void frmMain::enableBuiltEntries() {
-    for (QAction* notYet :
-         {mnuEditUnit, mnuEditFile, mnuLoose, mnuMissing, mnuActivities, mnuPreview, mnu3D,
-          mnuPicture, mnuConsUse, mnuActsUse, mnuAliasing, mnuMaxvel, mnuAllocated, mnuBigones})
-        notYet->setEnabled(false);
+    std::vector<QAction*> notYet = {
+        mnuEditUnit, mnuEditFile, mnuLoose,   mnuMissing,  mnuActivities, mnuPreview,   mnu3D,
+        mnuPicture,  mnuConsUse,  mnuActsUse, mnuAliasing, mnuMaxvel,     mnuAllocated, mnuBigones};
     for (const char* key : {"test", "activity", "alias", "random", "3dview", "activitydependencies",
                             "dependencies", "loose"})
-        toolbarButton(this, key)->setEnabled(false);
+        notYet.push_back(toolbarButton(this, key));
+    for (QAction* entry : notYet) {
+        entry->setEnabled(false);
+        entry->setVisible(false);
+    }
+    for (QMenu* menu :
+         {mnuConsists, mnuUnits, mnuEdit, mnuTests, mnuView, mnuMisc, mnuOptions, mnuHelp}) {
+        const auto actions = menu->actions();
+        const bool empty = std::none_of(actions.begin(), actions.end(), [](QAction* entry) {
+            return entry->isVisible() && !entry->isSeparator();
+        });
+        if (empty) menu->menuAction()->setVisible(false);
+    }
 }
 
 // ---- Consists ----
