@@ -14,10 +14,10 @@ namespace {
 
 // The commands built so far. A command that is not here is not available.
 constexpr Command kCommands[] = {
-    {"catalogue engines", "catalogue engines [--filter WORD] [--json]",
-     "the engine list's lines under the filter (default: the stored one)", runCatalogueEngines},
-    {"catalogue wagons", "catalogue wagons [--filter WORD] [--json]",
-     "the wagon list's lines under the filter (default: the stored one)", runCatalogueWagons},
+    {"catalogue engines", "catalogue engines [--filter WORD] [--search TEXT] [--json]",
+     "the engine list's lines under the filter (default: the stored one) and search", runCatalogueEngines},
+    {"catalogue wagons", "catalogue wagons [--filter WORD] [--search TEXT] [--json]",
+     "the wagon list's lines under the filter (default: the stored one) and search", runCatalogueWagons},
     {"consist show", "consist show FILE [--json]",
      "load a consist and show its header, totals and units", runConsistShow},
     {"consist copy", "consist copy FILE NAME", "load a consist and save it as NAME",

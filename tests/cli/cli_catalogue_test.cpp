@@ -96,6 +96,20 @@ TEST_F(Catalogue, FilterPicksByTypeInAnyCaseAndAiByMissingCab) {
                 ElementsAre("Coach                          [CC] Carriage        ^coach.wag"));
 }
 
+TEST_F(Catalogue, SearchNarrowsTheLinesAndRecordsUnderTheFilter) {
+    EXPECT_THAT(linesOf(catalogue({"engines", "--search", "DIESELS"}).out),
+                ElementsAre(HasSubstr("^alpha.eng"), HasSubstr("^Zeta.eng")));
+    EXPECT_THAT(linesOf(catalogue({"engines", "--search", "yard diesels"}).out),
+                ElementsAre(HasSubstr("^alpha.eng")));
+    EXPECT_THAT(linesOf(catalogue({"engines", "--search", "mogul", "--filter", "Diesel"}).out),
+                IsEmpty());
+    const CliRun json = catalogue({"wagons", "--json", "--search", "coach.wag"});
+    ASSERT_EQ(json.status, 0) << json.err;
+    const nlohmann::json records = nlohmann::json::parse(json.out);
+    ASSERT_EQ(records.size(), 1u);
+    EXPECT_EQ(records[0]["fileName"], "coach.wag");
+}
+
 TEST_F(Catalogue, FilterOptionLeavesTheStoredFilterAlone) {
     ASSERT_EQ(catalogue({"engines", "--filter", "Steam"}).status, 0);
     EXPECT_EQ(linesOf(catalogue({"engines"}).out).size(), 3u);

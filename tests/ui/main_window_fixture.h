@@ -1,6 +1,5 @@
 #pragma once
 // A real main window on a small catalogue, with recorded dialogs: what the window tests drive.
-#include <QListWidget>
 #include <QTest>
 #include <memory>
 
@@ -9,6 +8,7 @@
 #include "support/msts_tree.h"
 #include "ui/windows/frmMain.h"
 #include "ui/widgets/slot_strip.h"
+#include "ui/widgets/unit_list_view.h"
 
 namespace rakeyard::test {
 
@@ -60,11 +60,12 @@ struct MainWindowFixture {
     }
 
     // Double-clicks the line of a unit in a list, as a user would.
-    void doubleClickUnit(QListWidget* list, const QString& fileName) {
+    void doubleClickUnit(ui::UnitListView* list, const QString& fileName) {
         for (int i = 0; i < list->count(); ++i) {
-            if (!list->item(i)->text().endsWith("^" + fileName)) continue;
-            list->scrollToItem(list->item(i));
-            const QPoint at = list->visualItemRect(list->item(i)).center();
+            if (!list->lineOfRow(i).endsWith("^" + fileName)) continue;
+            list->setCurrentRow(i);
+            list->scrollTo(list->currentIndex());
+            const QPoint at = list->visualRowRect(i).center();
             QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, at);
             QTest::mouseDClick(list->viewport(), Qt::LeftButton, {}, at);
             return;

@@ -1,5 +1,6 @@
 #include <QAction>
 #include <QApplication>
+#include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
@@ -22,6 +23,8 @@ private Q_SLOTS:
     void entriesOfWindowsNotBuiltAreHidden();
     void filterItemRunsTheMenuEntryAndStoresTheWord();
     void listsShowTheCatalogueWithCounts();
+    void searchBoxNarrowsSixThousandEnginesAsOneTypes();
+    void headerClickSortsAColumnAndKeepsTheLines();
     void doubleClickWithUnitThreeSelectedPutsTheNewUnitInSlotThree();
     void pasteAppendsTheClickedUnitsInClickOrder();
     void deleteRemovesOnlyTheShiftClickedSlots();
@@ -29,7 +32,7 @@ private Q_SLOTS:
     void keyboardMovesBetweenSlotsSelectsAndMarks();
     void uidTooBigIsRefusedAndKeepsTheOldNumber();
     void startErrorsButtonOpensTheEditorOrTrashesTheReport();
-    void windowKeepsItsWidthAndMinimumHeight();
+    void windowTakesItsStoredSizeAndGrowsItsContents();
     void alwaysShowPictureIsAStoredCheckMark();
 };
 
@@ -119,10 +122,66 @@ void MainWindow::listsShowTheCatalogueWithCounts() {
     QCOMPARE(f.window->lblLocFilter->text(), QString("All - 2 of 2"));
     QCOMPARE(f.window->lblWagFilter->text(), QString("All - 4 of 4"));
     // Sorted by display name; the key stands behind "^".
-    QVERIFY(f.window->locList->item(0)->text().startsWith("4F goods"));
-    QVERIFY(f.window->locList->item(0)->text().endsWith("^4f.eng"));
+    QVERIFY(f.window->locList->lineOfRow(0).startsWith("4F goods"));
+    QVERIFY(f.window->locList->lineOfRow(0).endsWith("^4f.eng"));
     f.window->wagList->setCurrentRow(0);
     QCOMPARE(f.window->StatusBar1->text().endsWith(" -- Brake coach"), true);
+}
+
+void MainWindow::searchBoxNarrowsSixThousandEnginesAsOneTypes() {
+    MainWindowFixture f;
+    auto& catalogue = f.state->catalogue;
+    for (int i = 0; i < 6000; ++i) {
+        const std::string number = QString("%1").arg(i, 4, 10, QChar('0')).toStdString();
+        catalogue.engines[i] = rakeyard::test::unit(i % 2 ? "ODD" : "EVEN", "e" + number + ".eng",
+                                                    "Engine " + number, "Diesel", true);
+        catalogue.engines[i].folderPath = f.msts.trainset() + "/" + catalogue.engines[i].folderName;
+    }
+    catalogue.engineCount = 6000;
+    f.window->showUnitLists();
+    QCOMPARE(f.window->locList->count(), 6000);
+
+    QTest::keyClicks(f.window->txtLocSearch, "odd 004");
+    QStringList shown;
+    for (int i = 0; i < f.window->locList->count(); ++i)
+        shown << f.window->locList->lineOfRow(i).section('^', -1);
+    QCOMPARE(shown, QStringList({"e0041.eng", "e0043.eng", "e0045.eng", "e0047.eng", "e0049.eng"}));
+    QCOMPARE(f.window->Label3->text(), QString("5"));
+    QCOMPARE(f.window->lblLocFilter->text(), QString("All - 6000 of 6000, 5 found"));
+
+    // Enter adds the one unit left; Escape brings every line back.
+    QTest::keyClicks(f.window->txtLocSearch, "7");
+    QCOMPARE(f.window->locList->count(), 1);
+    QTest::keyClick(f.window->txtLocSearch, Qt::Key_Return);
+    QCOMPARE(f.slot(0).fileName, std::string("e0047.eng"));
+    QTest::keyClick(f.window->txtLocSearch, Qt::Key_Escape);
+    QCOMPARE(f.window->locList->count(), 6000);
+    QCOMPARE(f.window->lblLocFilter->text(), QString("All - 6000 of 6000"));
+
+    // Down goes into the list, where the unit found is still the current line.
+    QTest::keyClick(f.window->txtLocSearch, Qt::Key_Down);
+    QCOMPARE(f.window->focusWidget(), f.window->locList);
+    QTest::keyClick(f.window->locList, Qt::Key_Down);
+    QTest::keyClick(f.window->locList, Qt::Key_Return);
+    QCOMPARE(f.slot(1).fileName, std::string("e0048.eng"));
+}
+
+void MainWindow::headerClickSortsAColumnAndKeepsTheLines() {
+    MainWindowFixture f;
+    auto* header = f.window->wagList->header();
+    const int fileColumn = 3;
+    QCOMPARE(f.window->wagList->model()->headerData(fileColumn, Qt::Horizontal).toString(),
+             QString("File"));
+    QTest::mouseClick(header->viewport(), Qt::LeftButton, {},
+                      QPoint(header->sectionViewportPosition(fileColumn) + 5, 5));
+    QStringList files;
+    for (int i = 0; i < f.window->wagList->count(); ++i)
+        files << f.window->wagList->lineOfRow(i).section('^', -1);
+    const QStringList ascending{"brake.wag", "coal.wag", "open.wag", "van.wag"};
+    QVERIFY(files == ascending || files == QStringList(ascending.rbegin(), ascending.rend()));
+    f.window->wagList->sortAsLines();
+    QVERIFY(f.window->wagList->lineOfRow(0).startsWith("Brake coach"));
+    QVERIFY(f.window->wagList->lineOfRow(3).startsWith("Open coach"));
 }
 
 void MainWindow::doubleClickWithUnitThreeSelectedPutsTheNewUnitInSlotThree() {
@@ -253,19 +312,29 @@ void MainWindow::startErrorsButtonOpensTheEditorOrTrashesTheReport() {
     QVERIFY(!std::filesystem::exists(report));
 }
 
-void MainWindow::windowKeepsItsWidthAndMinimumHeight() {
+void MainWindow::windowTakesItsStoredSizeAndGrowsItsContents() {
     MainWindowFixture f;
-    f.state->settings.mainHeight = 0;  // a first run
-    f.window->placeFromSettings();
-    QCOMPARE(f.window->width(), 10365 / 15);
-    QCOMPARE(f.window->height(), 6500 / 15);
+    f.state->settings.mainWidth = 15000;
     f.state->settings.mainHeight = 9000;
     f.window->placeFromSettings();
-    QCOMPARE(f.window->height(), 600);
-    const int listHeight = f.window->locList->height();
-    f.window->resize(f.window->width(), 700);
+    QCOMPARE(f.window->size(), QSize(1000, 600));
+    // A stored size below the minimum is raised to it.
+    f.state->settings.mainWidth = 1500;
+    f.state->settings.mainHeight = 1500;
+    f.window->placeFromSettings();
+    QCOMPARE(f.window->size(), f.window->minimumSize());
+
+    f.window->resize(700, 450);
     QApplication::processEvents();
-    QCOMPARE(f.window->locList->height(), listHeight + 100);
+    const QSize list = f.window->locList->size();
+    const QRect picture = f.window->Picture1[0]->pictureRect();
+    f.window->resize(1600, 1000);
+    QApplication::processEvents();
+    QVERIFY(f.window->locList->width() > list.width() + 300);
+    QVERIFY(f.window->locList->height() > list.height() + 200);
+    const QRect grown = f.window->Picture1[0]->pictureRect();
+    QVERIFY(grown.width() > picture.width() * 3 / 2);
+    QVERIFY(qAbs(grown.width() - grown.height() * 2) <= 2);  // the pictures keep their shape
 }
 
 void MainWindow::alwaysShowPictureIsAStoredCheckMark() {

@@ -64,7 +64,7 @@ void answerQuantity(const QString& number, QString* shownName) {
 // Selects the line of a wagon without adding it.
 void selectWagon(MainWindowFixture& f, const QString& fileName) {
     for (int i = 0; i < f.window->wagList->count(); ++i)
-        if (f.window->wagList->item(i)->text().endsWith("^" + fileName))
+        if (f.window->wagList->lineOfRow(i).endsWith("^" + fileName))
             f.window->wagList->setCurrentRow(i);
 }
 

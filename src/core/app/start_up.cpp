@@ -120,6 +120,7 @@ void storeMainWindowPlace(AppState& state, Services& services, const WindowPlace
     state.settings.mainLeft = toTwipsField(place.left);
     state.settings.mainTop = toTwipsField(place.top);
     state.settings.mainHeight = toTwipsField(place.height);
+    state.settings.mainWidth = toTwipsField(place.width);
     (void)saveSettings(state.settings, state.paths, services);
 }
 

@@ -42,6 +42,7 @@ struct WindowPlace {
     int left = 0;
     int top = 0;
     int height = 0;
+    int width = 0;
 };
 // The last steps of a run: the window's place written into settings.bin.
 void storeMainWindowPlace(AppState& state, Services& services, const WindowPlace& place);

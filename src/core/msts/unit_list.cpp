@@ -13,22 +13,11 @@ namespace {
 constexpr std::size_t kNameWidth = 30;
 constexpr std::size_t kNameColumn = 31;
 
-template <typename Shown>
-std::vector<std::string> listLines(std::span<const UnitRecord> records, bool isEngine,
-                                   Shown shown) {
+std::vector<std::string> linesOf(std::vector<UnitListRow> rows) {
     std::vector<std::string> lines;
-    for (const UnitRecord& record : records) {
-        if (!shown(record)) continue;
-        lines.push_back(unitListLine(record, isEngine));
-    }
-    std::vector<std::pair<std::string, std::string>> keyed;
-    keyed.reserve(lines.size());
-    for (std::string& line : lines)
-        keyed.emplace_back(upperAscii(line), std::move(line));
-    std::sort(keyed.begin(), keyed.end());
-    lines.clear();
-    for (auto& [upper, line] : keyed)
-        lines.push_back(std::move(line));
+    lines.reserve(rows.size());
+    for (UnitListRow& row : rows)
+        lines.push_back(std::move(row.line));
     return lines;
 }
 
@@ -65,16 +54,41 @@ bool wagonShown(const UnitRecord& wagon, std::string_view wagonFilter) {
     return wagonFilter == "All";
 }
 
+std::vector<UnitListRow> unitListRows(std::span<const UnitRecord> records, UnitClass which,
+                                      std::string_view filter) {
+    const bool isEngine = which == UnitClass::Engine;
+    struct Keyed {
+        std::string upper;
+        UnitListRow row;
+    };
+    std::vector<Keyed> keyed;
+    for (std::size_t i = 0; i < records.size(); ++i) {
+        const UnitRecord& record = records[i];
+        if (!(isEngine ? engineShown(record, filter) : wagonShown(record, filter))) continue;
+        std::string line = unitListLine(record, isEngine);
+        keyed.push_back({upperAscii(line), {i, std::move(line)}});
+    }
+    // Equal upper-cased lines fall back to the exact line, then to catalogue order.
+    std::sort(keyed.begin(), keyed.end(), [](const Keyed& a, const Keyed& b) {
+        if (a.upper != b.upper) return a.upper < b.upper;
+        if (a.row.line != b.row.line) return a.row.line < b.row.line;
+        return a.row.record < b.row.record;
+    });
+    std::vector<UnitListRow> rows;
+    rows.reserve(keyed.size());
+    for (Keyed& k : keyed)
+        rows.push_back(std::move(k.row));
+    return rows;
+}
+
 std::vector<std::string> readEngFilter(std::span<const UnitRecord> engines,
                                        std::string_view engineFilter) {
-    return listLines(engines, true,
-                     [&](const UnitRecord& r) { return engineShown(r, engineFilter); });
+    return linesOf(unitListRows(engines, UnitClass::Engine, engineFilter));
 }
 
 std::vector<std::string> readWagFilter(std::span<const UnitRecord> wagons,
                                        std::string_view wagonFilter) {
-    return listLines(wagons, false,
-                     [&](const UnitRecord& r) { return wagonShown(r, wagonFilter); });
+    return linesOf(unitListRows(wagons, UnitClass::Wagon, wagonFilter));
 }
 
 bool listsBefore(std::string_view a, std::string_view b) {

@@ -22,9 +22,17 @@ namespace rakeyard {
 [[nodiscard]] bool engineShown(const UnitRecord& engine, std::string_view engineFilter);
 [[nodiscard]] bool wagonShown(const UnitRecord& wagon, std::string_view wagonFilter);
 
-// The list lines of a catalogue under its filter, sorted as the list shows them. The
-// catalogue ends at its first record without a file name; a shown record without a display
-// name ends the list too.
+// One line of a unit list with the record it stands for (its index in the records given).
+struct UnitListRow {
+    std::size_t record = 0;
+    std::string line;
+};
+
+// The rows of a catalogue under its filter, sorted as the list shows them.
+[[nodiscard]] std::vector<UnitListRow> unitListRows(std::span<const UnitRecord> records,
+                                                    UnitClass which, std::string_view filter);
+
+// The list lines of a catalogue under its filter, sorted as the list shows them.
 [[nodiscard]] std::vector<std::string> readEngFilter(std::span<const UnitRecord> engines,
                                                      std::string_view engineFilter);
 [[nodiscard]] std::vector<std::string> readWagFilter(std::span<const UnitRecord> wagons,

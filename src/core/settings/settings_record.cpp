@@ -31,7 +31,7 @@ constexpr std::array<SettingsField, kSettingsFieldCount> kFields{{
     text("Not used", 1400, 3, &R::notUsed1),
     number("Description form left", 1403, &R::descriptionLeft),
     number("Descripton form top", 1405, &R::descriptionTop),
-    number("Not used", 1407, &R::notUsed2),
+    number("Main form width", 1407, &R::mainWidth),
     text("Last consist loaded", 1409, 200, &R::lastConsist),
     number("Loose consists form left", 1609, &R::looseLeft),
     number("Loose consists form top", 1611, &R::looseTop),

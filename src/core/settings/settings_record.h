@@ -24,7 +24,7 @@ struct SettingsRecord {
     std::string notUsed1 = std::string(3, '\0');
     std::int16_t descriptionLeft = 0;
     std::int16_t descriptionTop = 0;
-    std::int16_t notUsed2 = 0;
+    std::int16_t mainWidth = 0;  // twips; 0 gives the window its first width
     std::string lastConsist = std::string(kPathFieldWidth, '\0');
     std::int16_t looseLeft = 0;
     std::int16_t looseTop = 0;

@@ -6,8 +6,9 @@ namespace rakeyard::ui {
 
 // Window places are kept in twips, as settings.bin stores them: 15 twips to a pixel.
 inline constexpr int kTwipsPerPixel = 15;
-inline constexpr int kMainWidthTwips = 10365;
-inline constexpr int kMainMinHeightTwips = 6500;
+// The main window's size on a first run.
+inline constexpr int kMainWidthTwips = 13500;
+inline constexpr int kMainHeightTwips = 9000;
 
 inline int twipsToPixels(int twips) {
     return twips / kTwipsPerPixel;

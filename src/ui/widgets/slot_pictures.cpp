@@ -301,7 +301,7 @@ void drawPicture(QPainter& p, const PictureKind& what) {
 
 QPixmap renderPicture(std::string_view key) {
     // Drawn at twice the size so that the strip stays sharp when it scales the pictures.
-    constexpr int scale = 2;
+    constexpr int scale = 3;
     QImage image(kWidth * scale, kHeight * scale, QImage::Format_ARGB32_Premultiplied);
     image.fill(Qt::white);
     QPainter painter(&image);

@@ -31,12 +31,23 @@ SlotButton slotButtonOf(Qt::MouseButton button) {
 SlotPicture::SlotPicture(int index, QWidget* parent) : QWidget(parent), index_(index) {
     setObjectName(QString("Picture1_%1").arg(index));
     setFocusPolicy(Qt::StrongFocus);
-    setFixedSize(sizeHint());
+    // The pictures grow with the window, keeping their shape.
+    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
     setAccessibleName(QString("Slot %1").arg(index + 1));
 }
 
 QSize SlotPicture::sizeHint() const {
     return kSlotPictureSize + QSize(6, 6);
+}
+
+QSize SlotPicture::minimumSizeHint() const {
+    return kSlotPictureSize * 2 / 3 + QSize(6, 6);
+}
+
+QRect SlotPicture::pictureRect() const {
+    const QSize room = size() - QSize(6, 6);
+    const QSize fitted = kSlotPictureSize.scaled(room, Qt::KeepAspectRatio);
+    return QRect(QPoint((width() - fitted.width()) / 2, (height() - fitted.height()) / 2), fitted);
 }
 
 void SlotPicture::setPictureKey(const QString& key) {
@@ -47,12 +58,13 @@ void SlotPicture::setPictureKey(const QString& key) {
 
 void SlotPicture::paintEvent(QPaintEvent*) {
     QPainter painter(this);
-    const QPixmap picture = slotPicture(key_.toStdString());
-    painter.drawPixmap(3, 3, picture);
+    painter.setRenderHint(QPainter::SmoothPixmapTransform);
+    const QRect place = pictureRect();
+    painter.drawPixmap(place, slotPicture(key_.toStdString()));
     if (hasFocus()) {
         QStyleOptionFocusRect option;
         option.initFrom(this);
-        option.rect = rect().adjusted(0, 0, -1, -1);
+        option.rect = place.adjusted(-3, -3, 2, 2);
         style()->drawPrimitive(QStyle::PE_FrameFocusRect, &option, &painter, this);
     }
 }

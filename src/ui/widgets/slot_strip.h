@@ -18,6 +18,9 @@ public:
     void setPictureKey(const QString& key);
     const QString& pictureKey() const { return key_; }
     QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
+    // Where the picture stands: as large as the slot allows, in the picture's proportions.
+    QRect pictureRect() const;
 
     std::function<void(int index, SlotButton button, int shift)> onMouseDown;
     std::function<void(int index)> onClick;

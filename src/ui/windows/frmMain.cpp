@@ -7,12 +7,13 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
-#include <QListWidget>
 #include <QMenu>
 #include <QMouseEvent>
 #include <QPushButton>
 #include <QTimer>
 #include <QToolBar>
+#include <QScreen>
+#include <QShortcut>
 #include <QToolButton>
 
 #include "core/app/consist_flows.h"
@@ -26,10 +27,26 @@
 #include "ui/support/handler_guard.h"
 #include "ui/support/twips.h"
 #include "ui/widgets/slot_strip.h"
+#include "ui/widgets/unit_list_view.h"
 #include "ui/windows/qt_services.h"
 #include "ui/windows/startup_windows.h"
 
 namespace rakeyard::ui {
+
+namespace {
+
+// Small enough for a netbook's screen, large enough for two lists and the strip.
+constexpr QSize kMainMinimumSize{600, 400};
+
+// The size of a first run, within the screen.
+QSize firstSize() {
+    QSize size(twipsToPixels(kMainWidthTwips), twipsToPixels(kMainHeightTwips));
+    if (const QScreen* screen = QGuiApplication::primaryScreen())
+        size = size.boundedTo(screen->availableSize());
+    return size.expandedTo(kMainMinimumSize);
+}
+
+}  // namespace
 
 frmMain::frmMain(AppState& state, Services& services, QWidget* parent)
     : QMainWindow(parent), state_(state), services_(services) {
@@ -50,9 +67,8 @@ frmMain::frmMain(AppState& state, Services& services, QWidget* parent)
     startUpWindows_ = std::make_unique<rakeyard::ui::QtStartUpWindows>(*this, state_, services_);
     connectHandlers();
     enableBuiltEntries();
-    setFixedWidth(rakeyard::ui::twipsToPixels(rakeyard::ui::kMainWidthTwips));
-    setMinimumHeight(rakeyard::ui::twipsToPixels(rakeyard::ui::kMainMinHeightTwips));
-    resize(width(), minimumHeight());
+    setMinimumSize(kMainMinimumSize);
+    resize(firstSize());
     refreshPics();
 }
 
@@ -61,21 +77,40 @@ frmMain::~frmMain() = default;
 void frmMain::placeFromSettings() {
     const SettingsRecord& record = state_.settings;
     move(rakeyard::ui::twipsToPixels(record.mainLeft), rakeyard::ui::twipsToPixels(record.mainTop));
-    // A height below the minimum (0 on a first run) is raised to it by the minimum itself.
-    resize(width(), std::max(minimumHeight(), rakeyard::ui::twipsToPixels(record.mainHeight)));
+    // A size never stored (0 on a first run) is the first size; one below the minimum is
+    // raised to it by the minimum itself.
+    const QSize first = firstSize();
+    resize(record.mainWidth > 0 ? twipsToPixels(record.mainWidth) : first.width(),
+           record.mainHeight > 0 ? twipsToPixels(record.mainHeight) : first.height());
 }
 
 // The list and strip handlers are connected here; the menus' in connectMenus.
 void frmMain::connectHandlers() {
     connectMenus();
-    connect(locList, &QListWidget::itemSelectionChanged, this, &frmMain::locList_Click);
-    connect(wagList, &QListWidget::itemSelectionChanged, this, &frmMain::wagList_Click);
-    connect(locList, &QListWidget::itemDoubleClicked, this, &frmMain::locList_DblClick);
-    connect(wagList, &QListWidget::itemDoubleClicked, this, &frmMain::wagList_DblClick);
-    locList->viewport()->installEventFilter(this);
-    locList->installEventFilter(this);
-    wagList->installEventFilter(this);
-    wagList->viewport()->installEventFilter(this);
+    connect(locList, &UnitListView::currentLineChanged, this, &frmMain::locList_Click);
+    connect(wagList, &UnitListView::currentLineChanged, this, &frmMain::wagList_Click);
+    connect(locList, &UnitListView::doubleClicked, this, &frmMain::locList_DblClick);
+    connect(wagList, &UnitListView::doubleClicked, this, &frmMain::wagList_DblClick);
+    for (UnitListView* list : {locList, wagList}) {
+        list->viewport()->installEventFilter(this);
+        list->installEventFilter(this);
+    }
+    for (auto [box, list] : {std::pair{txtLocSearch, locList}, std::pair{txtWagSearch, wagList}}) {
+        connect(box, &QLineEdit::textChanged, this, [this, list](const QString& text) {
+            list->setSearch(text);
+            list->scrollTo(list->currentIndex());
+            showListCounts();
+        });
+        box->installEventFilter(this);
+    }
+    auto focusSearch = [this](const QKeySequence& keys, QLineEdit* box) {
+        connect(new QShortcut(keys, this), &QShortcut::activated, box, [box] {
+            box->setFocus(Qt::ShortcutFocusReason);
+            box->selectAll();
+        });
+    };
+    focusSearch(QKeySequence::Find, txtLocSearch);
+    focusSearch(QKeySequence("Ctrl+Shift+F"), txtWagSearch);
     connect(Command1, &QPushButton::clicked, this, &frmMain::Command1_Click);
     connect(Command2, &QPushButton::clicked, this, &frmMain::Command2_Click);
     for (int i = 0; i < 6; ++i) {
@@ -109,12 +144,14 @@ bool frmMain::eventFilter(QObject* watched, QEvent* event) {
         auto* mouse = static_cast<QMouseEvent*>(event);
         const QPoint at = mouse->position().toPoint();
         if (watched == locList->viewport())
-            locList_MouseDown(mouse->button(), mouse->modifiers(), locList->itemAt(at));
+            locList_MouseDown(mouse->button(), mouse->modifiers(), locList->lineAt(at));
         if (watched == wagList->viewport())
-            wagList_MouseDown(mouse->button(), mouse->modifiers(), wagList->itemAt(at));
+            wagList_MouseDown(mouse->button(), mouse->modifiers(), wagList->lineAt(at));
     }
     if (event->type() == QEvent::KeyPress) {
         auto* key = static_cast<QKeyEvent*>(event);
+        if (watched == txtLocSearch && searchBoxKey(txtLocSearch, locList, key)) return true;
+        if (watched == txtWagSearch && searchBoxKey(txtWagSearch, wagList, key)) return true;
         // Enter on a list line adds the unit, as a double click does.
         const bool enter = key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter;
         if (watched == locList) enter ? locList_DblClick() : locList_KeyDown(key);
@@ -338,6 +375,7 @@ void frmMain::storeWindowPlace() {
     place.left = rakeyard::ui::pixelsToTwips(frame.left());
     place.top = rakeyard::ui::pixelsToTwips(frame.top());
     place.height = rakeyard::ui::pixelsToTwips(height());
+    place.width = rakeyard::ui::pixelsToTwips(width());
     storeMainWindowPlace(state_, services_, place);
 }
 

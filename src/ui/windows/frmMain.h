@@ -11,8 +11,6 @@ class QAction;
 class QKeyEvent;
 class QLabel;
 class QLineEdit;
-class QListWidget;
-class QListWidgetItem;
 class QMenu;
 class QPushButton;
 class QTimer;
@@ -22,6 +20,7 @@ class QToolButton;
 namespace rakeyard::ui {
 
 class SlotPicture;
+class UnitListView;
 class QtStartUpWindows;
 
 // The main window: the two catalogue lists, the consist strip of six slots with its header
@@ -75,9 +74,11 @@ public:
     QToolBar* Toolbar1;
     QToolButton* tbrFilter;
 
-    // Catalogue lists.
-    QListWidget* locList;
-    QListWidget* wagList;
+    // Catalogue lists, each with a search box above it.
+    UnitListView* locList;
+    UnitListView* wagList;
+    QLineEdit* txtLocSearch;
+    QLineEdit* txtWagSearch;
     QLabel* Label3;        // number of engines shown
     QLabel* Label4;        // number of wagons shown
     QLabel* lblLocFilter;  // the filter in force: "Diesel - 12 of 25"
@@ -159,9 +160,9 @@ private:
     void locList_DblClick();
     void wagList_DblClick();
     void locList_MouseDown(Qt::MouseButton button, Qt::KeyboardModifiers shift,
-                           QListWidgetItem* item);
+                           const QString& line);
     void wagList_MouseDown(Qt::MouseButton button, Qt::KeyboardModifiers shift,
-                           QListWidgetItem* item);
+                           const QString& line);
     void locList_KeyDown(QKeyEvent* key);
     void wagList_KeyDown(QKeyEvent* key);
     void Command1_Click();
@@ -193,10 +194,11 @@ private:
     void showTotals();
     void showRecentEntries();
     void showHeaderBoxes();
-    void fillList(QListWidget* list, const std::vector<std::string>& lines);
-    void deleteUnitOfList(QListWidget* list, QKeyEvent* key, bool engines);
+    void showListCounts();
+    bool searchBoxKey(QLineEdit* box, UnitListView* list, QKeyEvent* key);
+    void deleteUnitOfList(UnitListView* list, QKeyEvent* key, bool engines);
     void refreshCatalogue(bool engines);
-    void showUnitInStatusBar(QListWidget* list, bool engines);
+    void showUnitInStatusBar(UnitListView* list, bool engines);
     void storeWindowPlace();
 
     AppState& state_;

@@ -4,7 +4,6 @@
 #include <QInputDialog>
 #include <QLabel>
 #include <QLineEdit>
-#include <QListWidget>
 #include <QMenu>
 #include <QPushButton>
 #include <QStatusBar>
@@ -23,6 +22,7 @@
 #include "core/platform/paths.h"
 #include "core/settings/settings_file.h"
 #include "ui/support/handler_guard.h"
+#include "ui/widgets/unit_list_view.h"
 #include "ui/windows/frm3DViewer.h"
 #include "ui/windows/frmAbout.h"
 #include "ui/windows/frmEditor.h"
@@ -44,10 +44,8 @@ QAction* toolbarButton(QWidget* owner, const char* key) {
     return owner->findChild<QAction*>(QString("tbr_") + key);
 }
 
-std::string selectedLine(QListWidget* list) {
-    QListWidgetItem* item = list->currentItem();
-    if (!item || !item->isSelected()) return {};
-    return stdString(item->text());
+std::string selectedLine(const UnitListView* list) {
+    return stdString(list->currentLine());
 }
 
 }  // namespace
@@ -233,15 +231,15 @@ void frmMain::mnuDelete_Click() {
 // A double click (or Enter) on a list line adds the unit to the consist. The list's own
 // functions are in frmMain_lists.cpp; this one lives beside the other editing operations.
 void frmMain::locList_DblClick() {
-    QListWidgetItem* item = locList->currentItem();
-    if (!item) return;
-    edit("Add engine", [&] { rakeyard::addEngineOfLine(state_, stdString(item->text())); });
+    const std::string line = selectedLine(locList);
+    if (line.empty()) return;
+    edit("Add engine", [&] { rakeyard::addEngineOfLine(state_, line); });
 }
 
 void frmMain::wagList_DblClick() {
-    QListWidgetItem* item = wagList->currentItem();
-    if (!item) return;
-    edit("Add wagon", [&] { rakeyard::addWagonOfLine(state_, stdString(item->text())); });
+    const std::string line = selectedLine(wagList);
+    if (line.empty()) return;
+    edit("Add wagon", [&] { rakeyard::addWagonOfLine(state_, line); });
 }
 
 // ---- Options ----

@@ -1,10 +1,8 @@
 // The controls of the main window and where they stand.
-#include <QFontDatabase>
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
-#include <QListWidget>
 #include <QPainter>
 #include <QPushButton>
 #include <QStatusBar>
@@ -12,6 +10,7 @@
 #include <QVBoxLayout>
 
 #include "ui/widgets/slot_strip.h"
+#include "ui/widgets/unit_list_view.h"
 #include "ui/windows/frmMain.h"
 
 namespace rakeyard::ui {
@@ -39,15 +38,13 @@ QPixmap arrowPicture(bool pointsLeft) {
     return pixmap;
 }
 
-QListWidget* unitList(const QString& name, QWidget* parent) {
-    auto* list = named(new QListWidget(parent), name);
-    list->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
-    list->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    list->setUniformItemSizes(true);
-    // The unit's key stands beyond the visible width: it is cut off, not elided.
-    list->setTextElideMode(Qt::ElideNone);
-    list->setMinimumHeight(60);
-    return list;
+QLineEdit* searchBox(const QString& name, const QString& prompt, QWidget* parent) {
+    auto* box = named(new QLineEdit(parent), name);
+    box->setPlaceholderText(prompt);
+    box->setClearButtonEnabled(true);
+    box->setToolTip("Shows the units with every word typed in their name, file or folder. "
+                    "Down goes to the list, Escape empties the box.");
+    return box;
 }
 
 QPushButton* smallButton(const QString& name, const QString& caption, const QString& toolTip,
@@ -65,8 +62,12 @@ QWidget* frmMain::buildListsRow() {
     auto* grid = new QGridLayout(row);
     grid->setContentsMargins(0, 0, 0, 0);
     grid->setVerticalSpacing(2);
-    locList = unitList("locList", row);
-    wagList = unitList("wagList", row);
+    locList = named(new UnitListView(UnitClass::Engine, row), "locList");
+    wagList = named(new UnitListView(UnitClass::Wagon, row), "wagList");
+    txtLocSearch = searchBox("txtLocSearch", "Search engines (Ctrl+F)", row);
+    txtWagSearch = searchBox("txtWagSearch", "Search wagons (Ctrl+Shift+F)", row);
+    locList->setAccessibleName("Engines");
+    wagList->setAccessibleName("Wagons");
     Label3 = named(new QLabel("0", row), "Label3");
     Label4 = named(new QLabel("0", row), "Label4");
     const QIcon refresh = style()->standardIcon(QStyle::SP_BrowserReload);
@@ -94,9 +95,11 @@ QWidget* frmMain::buildListsRow() {
     };
     grid->addLayout(header("Engines:", Label3, lblLocFilter, Command1), 0, 0);
     grid->addLayout(header("Wagons:", Label4, lblWagFilter, Command2), 0, 1);
-    grid->addWidget(locList, 1, 0);
-    grid->addWidget(wagList, 1, 1);
-    grid->setRowStretch(1, 1);
+    grid->addWidget(txtLocSearch, 1, 0);
+    grid->addWidget(txtWagSearch, 1, 1);
+    grid->addWidget(locList, 2, 0);
+    grid->addWidget(wagList, 2, 1);
+    grid->setRowStretch(2, 1);
     return row;
 }
 
@@ -110,19 +113,24 @@ QWidget* frmMain::buildStrip() {
         Text1[i] = named(new QLineEdit(strip), QString("Text1_%1").arg(i));
         Text1[i]->setAlignment(Qt::AlignCenter);
         Text1[i]->setToolTip("UiD of this unit");
-        Text1[i]->setFixedWidth(102);
+        Text1[i]->setMinimumWidth(60);
         Picture1[i] = new SlotPicture(i, strip);
         Label1[i] = named(new QLabel(strip), QString("Label1_%1").arg(i));
-        Label1[i]->setAlignment(Qt::AlignHCenter | Qt::AlignTop);
+        // Names wrap from their first letter; a name longer than two lines is cut at its end
+        // and stands whole in the tool-tip.
+        Label1[i]->setAlignment(Qt::AlignLeft | Qt::AlignTop);
         Label1[i]->setWordWrap(true);
-        Label1[i]->setFixedSize(102, 30);
+        Label1[i]->setMinimumWidth(60);
         QFont small = Label1[i]->font();
         small.setPointSizeF(small.pointSizeF() * 0.85);
         Label1[i]->setFont(small);
-        grid->addWidget(Text1[i], 0, i + 1, Qt::AlignHCenter);
-        grid->addWidget(Picture1[i], 1, i + 1, Qt::AlignHCenter);
-        grid->addWidget(Label1[i], 2, i + 1, Qt::AlignHCenter);
+        Label1[i]->setFixedHeight(QFontMetrics(small).lineSpacing() * 2 + 2);
+        grid->addWidget(Text1[i], 0, i + 1);
+        grid->addWidget(Picture1[i], 1, i + 1);
+        grid->addWidget(Label1[i], 2, i + 1);
+        grid->setColumnStretch(i + 1, 1);
     }
+    grid->setRowStretch(1, 1);
     imgLeft = named(new QLabel(strip), "imgLeft");
     imgRight = named(new QLabel(strip), "imgRight");
     imgLeft->setPixmap(arrowPicture(true));
@@ -197,7 +205,8 @@ void frmMain::buildLayout() {
     auto* column = new QVBoxLayout(central);
     column->setContentsMargins(6, 4, 6, 2);
     column->setSpacing(3);
-    column->addWidget(buildListsRow(), 1);
+    // The lists take most of the room a taller window gives; the strip grows a little with it.
+    column->addWidget(buildListsRow(), 3);
 
     Label2 = named(new QLabel(central), "Label2");
     Label2->setStyleSheet("color: #c00000; font-weight: bold;");
@@ -207,7 +216,7 @@ void frmMain::buildLayout() {
     Label2->setSizePolicy(keep);
     Label2->setVisible(false);
     column->addWidget(Label2);
-    column->addWidget(buildStrip());
+    column->addWidget(buildStrip(), 1);
 
     auto* buttons = new QHBoxLayout();
     cmdShift[0] = smallButton("cmdShift_0", "Shift <", "Close the first gap by one slot", central);

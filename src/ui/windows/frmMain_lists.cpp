@@ -4,7 +4,6 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
-#include <QListWidget>
 #include <QMenu>
 #include <QTimer>
 
@@ -15,6 +14,7 @@
 #include "core/msts/unit_list.h"
 #include "core/settings/settings_file.h"
 #include "ui/support/handler_guard.h"
+#include "ui/widgets/unit_list_view.h"
 #include "ui/windows/frmMain.h"
 #include "ui/windows/frmUnicode.h"
 #include "ui/windows/qt_services.h"
@@ -34,15 +34,6 @@ std::span<const UnitRecord> wagonsOf(const AppState& state) {
 
 }  // namespace
 
-void frmMain::fillList(QListWidget* list, const std::vector<std::string>& lines) {
-    const QSignalBlocker quiet(list);
-    list->setUpdatesEnabled(false);
-    list->clear();
-    for (const std::string& line : lines)
-        list->addItem(qs(line));
-    list->setUpdatesEnabled(true);
-}
-
 void frmMain::showUnitLists() {
     const std::string& engineFilter = state_.paths.engineFilter;
     const std::string& wagonFilter = state_.paths.wagonFilter;
@@ -55,14 +46,47 @@ void frmMain::showUnitLists() {
     mnuCarriages->setChecked(wagonFilter == "Carriage");
     mnuTenders->setChecked(wagonFilter == "Tender");
     mnuWagAll->setChecked(wagonFilter == "All");
-    fillList(locList, readEngFilter(enginesOf(state_), engineFilter));
-    fillList(wagList, readWagFilter(wagonsOf(state_), wagonFilter));
-    Label3->setText(QString::number(locList->count()));
-    Label4->setText(QString::number(wagList->count()));
-    lblLocFilter->setText(qs(filterSummary(
-        engineFilter, locList->count(), usedRecords(state_.catalogue, UnitClass::Engine).size())));
-    lblWagFilter->setText(qs(filterSummary(
-        wagonFilter, wagList->count(), usedRecords(state_.catalogue, UnitClass::Wagon).size())));
+    locList->setRows(enginesOf(state_), unitListRows(enginesOf(state_), UnitClass::Engine,
+                                                     engineFilter));
+    wagList->setRows(wagonsOf(state_), unitListRows(wagonsOf(state_), UnitClass::Wagon,
+                                                    wagonFilter));
+    showListCounts();
+}
+
+// Label3 and Label4 count the lines shown; beside them the filter in force, and the search
+// when it hides lines.
+void frmMain::showListCounts() {
+    auto show = [](QLabel* count, QLabel* summary, const UnitListView* list,
+                   const std::string& filter, std::size_t total) {
+        count->setText(QString::number(list->count()));
+        QString text = qs(filterSummary(filter, list->totalCount(), total));
+        if (list->count() != list->totalCount())
+            text += QString(", %1 found").arg(list->count());
+        summary->setText(text);
+    };
+    show(Label3, lblLocFilter, locList, state_.paths.engineFilter, enginesOf(state_).size());
+    show(Label4, lblWagFilter, wagList, state_.paths.wagonFilter, wagonsOf(state_).size());
+}
+
+// In a search box, Down goes to the list below and Escape empties the box.
+bool frmMain::searchBoxKey(QLineEdit* box, UnitListView* list, QKeyEvent* key) {
+    if (key->key() == Qt::Key_Escape && !box->text().isEmpty()) {
+        box->clear();
+        return true;
+    }
+    if (key->key() == Qt::Key_Down && list->count() > 0) {
+        list->setFocus();
+        if (list->currentLine().isEmpty()) list->setCurrentRow(0);
+        return true;
+    }
+    // Enter adds the only unit found, as a double click on its line would.
+    const bool enter = key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter;
+    if (enter && list->count() == 1) {
+        list->setCurrentRow(0);
+        list == locList ? locList_DblClick() : wagList_DblClick();
+        return true;
+    }
+    return false;
 }
 
 // A filter word is checked in its menu, shown and stored in settings.bin.
@@ -123,11 +147,11 @@ void frmMain::tbrFilter_ButtonMenuClick(QAction* item) {
         if (key == itemKey) entry->trigger();
 }
 
-void frmMain::showUnitInStatusBar(QListWidget* list, bool engines) {
-    QListWidgetItem* item = list->currentItem();
-    if (!item) return;
+void frmMain::showUnitInStatusBar(UnitListView* list, bool engines) {
+    const QString line = list->currentLine();
+    if (line.isEmpty()) return;
     const auto records = engines ? enginesOf(state_) : wagonsOf(state_);
-    const auto index = findUnitByKey(records, keyOfLine(stdString(item->text())));
+    const auto index = findUnitByKey(records, keyOfLine(stdString(line)));
     if (index) StatusBar1->setText(qs(unitStatusText(records[*index])));
 }
 
@@ -142,18 +166,18 @@ void frmMain::wagList_Click() {
 // Ctrl with the left button opens the unit's file in the text editor. The right button is
 // for the description window, which the program does not have yet.
 void frmMain::locList_MouseDown(Qt::MouseButton button, Qt::KeyboardModifiers shift,
-                                QListWidgetItem* item) {
-    if (button != Qt::LeftButton || !(shift & Qt::ControlModifier) || !item) return;
+                                const QString& line) {
+    if (button != Qt::LeftButton || !(shift & Qt::ControlModifier) || line.isEmpty()) return;
     runGuarded(services_.dialogs, [&] {
-        (void)openUnitInEditor(state_.paths, enginesOf(state_), stdString(item->text()), services_);
+        (void)openUnitInEditor(state_.paths, enginesOf(state_), stdString(line), services_);
     });
 }
 
 void frmMain::wagList_MouseDown(Qt::MouseButton button, Qt::KeyboardModifiers shift,
-                                QListWidgetItem* item) {
-    if (button != Qt::LeftButton || !(shift & Qt::ControlModifier) || !item) return;
+                                const QString& line) {
+    if (button != Qt::LeftButton || !(shift & Qt::ControlModifier) || line.isEmpty()) return;
     runGuarded(services_.dialogs, [&] {
-        (void)openUnitInEditor(state_.paths, wagonsOf(state_), stdString(item->text()), services_);
+        (void)openUnitInEditor(state_.paths, wagonsOf(state_), stdString(line), services_);
     });
 }
 
@@ -166,13 +190,13 @@ void frmMain::wagList_KeyDown(QKeyEvent* key) {
     deleteUnitOfList(wagList, key, false);
 }
 
-void frmMain::deleteUnitOfList(QListWidget* list, QKeyEvent* key, bool engines) {
+void frmMain::deleteUnitOfList(UnitListView* list, QKeyEvent* key, bool engines) {
     if (key->key() != Qt::Key_Delete || key->modifiers() != Qt::NoModifier) return;
-    QListWidgetItem* item = list->currentItem();
-    if (!item) return;
+    const QString line = list->currentLine();
+    if (line.isEmpty()) return;
     runGuarded(services_.dialogs, [&] {
         if (!deleteUnitOfLine(state_, services_, engines ? UnitClass::Engine : UnitClass::Wagon,
-                              stdString(item->text())))
+                              stdString(line)))
             return;
         if (engines) {
             Command1_Click();
@@ -187,7 +211,7 @@ void frmMain::deleteUnitOfList(QListWidget* list, QKeyEvent* key, bool engines) 
 void frmMain::refreshCatalogue(bool engines) {
     runGuarded(services_.dialogs, [&] {
         Text2[0]->setFocus();
-        QListWidget* list = engines ? locList : wagList;
+        UnitListView* list = engines ? locList : wagList;
         list->setVisible(false);
         bool refreshed = false;
         {

@@ -223,11 +223,12 @@ TEST(StoreMainWindowPlace, KeepsPlacesWithinTheRecordsRange) {
     test::FakeServices fake;
     auto state = std::make_unique<AppState>();
     state->paths.programFolder = msts.home();
-    storeMainWindowPlace(*state, fake.services, {40000, -5, 7000});
+    storeMainWindowPlace(*state, fake.services, {40000, -5, 7000, 15000});
     const SettingsRecord stored = readSettings(fake.fs, msts.home());
     EXPECT_EQ(stored.mainLeft, 32767);
     EXPECT_EQ(stored.mainTop, -5);
     EXPECT_EQ(stored.mainHeight, 7000);
+    EXPECT_EQ(stored.mainWidth, 15000);
 }
 
 }  // namespace

@@ -1,0 +1,191 @@
+#include "ui/widgets/unit_list_view.h"
+
+#include <QCollator>
+#include <QHeaderView>
+#include <QSortFilterProxyModel>
+
+#include "core/msts/unit_search.h"
+
+namespace rakeyard::ui {
+
+namespace {
+
+enum Column { kName, kCouplers, kKind, kFile, kFolder, kColumnCount };
+constexpr int kLineRole = Qt::UserRole + 1;
+
+QString text(const std::string& utf8) {
+    return QString::fromStdString(utf8);
+}
+
+}  // namespace
+
+class UnitListModel : public QAbstractTableModel {
+public:
+    struct Row {
+        std::string name, file, folder;  // what a search looks in, as the record holds them
+        QString columns[kColumnCount];
+        QString line;
+    };
+
+    UnitListModel(UnitClass which, QObject* parent) : QAbstractTableModel(parent), which_(which) {}
+
+    void setRows(std::vector<Row> rows) {
+        beginResetModel();
+        rows_ = std::move(rows);
+        endResetModel();
+    }
+    const Row& row(int index) const { return rows_[static_cast<std::size_t>(index)]; }
+
+    int rowCount(const QModelIndex& parent = {}) const override {
+        return parent.isValid() ? 0 : static_cast<int>(rows_.size());
+    }
+    int columnCount(const QModelIndex& parent = {}) const override {
+        return parent.isValid() ? 0 : kColumnCount;
+    }
+    QVariant data(const QModelIndex& index, int role) const override {
+        if (!index.isValid()) return {};
+        const Row& r = row(index.row());
+        if (role == Qt::DisplayRole) return r.columns[index.column()];
+        if (role == kLineRole) return r.line;
+        if (role == Qt::ToolTipRole) return r.columns[kName] + "\n" + r.columns[kFolder] + "/" +
+                                            r.columns[kFile];
+        return {};
+    }
+    QVariant headerData(int section, Qt::Orientation orientation, int role) const override {
+        if (orientation != Qt::Horizontal || role != Qt::DisplayRole) return {};
+        switch (section) {
+            case kName: return "Name";
+            case kCouplers: return "Couplers";
+            case kKind: return which_ == UnitClass::Engine ? "Power" : "Type";
+            case kFile: return "File";
+            case kFolder: return "Folder";
+            default: return {};
+        }
+    }
+
+private:
+    UnitClass which_;
+    std::vector<Row> rows_;
+};
+
+// Narrows the rows to a search, and sorts a column by its text as a person reads it: letter
+// case aside, numbers by their value ("900kW" before "2000kW").
+class UnitListProxy : public QSortFilterProxyModel {
+public:
+    explicit UnitListProxy(QObject* parent) : QSortFilterProxyModel(parent) {
+        collator_.setNumericMode(true);
+        collator_.setCaseSensitivity(Qt::CaseInsensitive);
+    }
+    void setSearch(UnitSearch search) {
+        search_ = std::move(search);
+        invalidateFilter();
+    }
+
+protected:
+    bool filterAcceptsRow(int sourceRow, const QModelIndex&) const override {
+        if (search_.empty()) return true;
+        const auto& row = static_cast<const UnitListModel*>(sourceModel())->row(sourceRow);
+        return search_.matches(row.name, row.file, row.folder);
+    }
+    bool lessThan(const QModelIndex& left, const QModelIndex& right) const override {
+        const int order = collator_.compare(left.data().toString(), right.data().toString());
+        // Equal texts keep the list lines' order.
+        return order != 0 ? order < 0 : left.row() < right.row();
+    }
+
+private:
+    UnitSearch search_;
+    QCollator collator_;
+};
+
+UnitListView::UnitListView(UnitClass which, QWidget* parent)
+    : QTreeView(parent),
+      which_(which),
+      model_(new UnitListModel(which, this)),
+      proxy_(new UnitListProxy(this)) {
+    proxy_->setSourceModel(model_);
+    setModel(proxy_);
+    setRootIsDecorated(false);
+    setUniformRowHeights(true);
+    setAllColumnsShowFocus(true);
+    setAlternatingRowColors(true);
+    setSelectionMode(QAbstractItemView::SingleSelection);
+    setSelectionBehavior(QAbstractItemView::SelectRows);
+    setEditTriggers(QAbstractItemView::NoEditTriggers);
+    setExpandsOnDoubleClick(false);
+    setSortingEnabled(true);
+    sortAsLines();
+    header()->setStretchLastSection(true);
+    header()->setSectionResizeMode(QHeaderView::Interactive);
+    header()->setSortIndicatorClearable(true);
+    setMinimumHeight(60);
+    connect(selectionModel(), &QItemSelectionModel::currentChanged, this,
+            &UnitListView::currentLineChanged);
+}
+
+void UnitListView::setRows(std::span<const UnitRecord> records,
+                           const std::vector<UnitListRow>& rows) {
+    const bool isEngine = which_ == UnitClass::Engine;
+    std::vector<UnitListModel::Row> shown;
+    shown.reserve(rows.size());
+    for (const UnitListRow& row : rows) {
+        const UnitRecord& unit = records[row.record];
+        UnitListModel::Row r{unit.displayName, unit.fileName, unit.folderName, {}, text(row.line)};
+        r.columns[kName] = text(unit.displayName);
+        r.columns[kCouplers] = text(unit.couplerFront + unit.couplerRear);
+        r.columns[kKind] = text(isEngine ? unit.maxPower : unit.unitType);
+        r.columns[kFile] = text(unit.fileName);
+        r.columns[kFolder] = text(unit.folderName);
+        shown.push_back(std::move(r));
+    }
+    model_->setRows(std::move(shown));
+    // The name column takes what the other columns leave, within reason.
+    const bool firstFill = header()->sectionSize(kName) == header()->defaultSectionSize();
+    if (firstFill && !rows.empty()) {
+        for (int column = kCouplers; column < kColumnCount; ++column)
+            resizeColumnToContents(column);
+        setColumnWidth(kName, std::max(160, viewport()->width() / 2));
+    }
+}
+
+void UnitListView::setSearch(const QString& text) {
+    proxy_->setSearch(UnitSearch(text.toStdString()));
+}
+
+int UnitListView::count() const {
+    return proxy_->rowCount();
+}
+
+int UnitListView::totalCount() const {
+    return model_->rowCount();
+}
+
+QString UnitListView::lineOfRow(int row) const {
+    return proxy_->index(row, 0).data(kLineRole).toString();
+}
+
+QString UnitListView::currentLine() const {
+    const QModelIndex current = currentIndex();
+    if (!current.isValid() || !selectionModel()->isRowSelected(current.row(), current.parent()))
+        return {};
+    return current.siblingAtColumn(0).data(kLineRole).toString();
+}
+
+QString UnitListView::lineAt(const QPoint& viewportPoint) const {
+    return indexAt(viewportPoint).siblingAtColumn(0).data(kLineRole).toString();
+}
+
+void UnitListView::setCurrentRow(int row) {
+    setCurrentIndex(proxy_->index(row, 0));
+}
+
+QRect UnitListView::visualRowRect(int row) const {
+    return visualRect(proxy_->index(row, 0));
+}
+
+void UnitListView::sortAsLines() {
+    header()->setSortIndicator(-1, Qt::AscendingOrder);
+    proxy_->sort(-1);
+}
+
+}  // namespace rakeyard::ui
