@@ -172,7 +172,7 @@ TEST(CliUsage, EditorAndViewerOptionsAreRefusedAsTheirWindowsRefuse) {
     EXPECT_THAT(editor.err, HasSubstr("error: Invalid file or folder!"));
 
     const CliRun viewer = runCli({"--home", msts.home(), "--msts", msts.msts(), "--viewer",
-                                  msts.root() + "/viewer.txt", "catalogue", "engines"});
+                                  msts.writeBytes("viewer.txt", "x"), "catalogue", "engines"});
     EXPECT_EQ(viewer.status, 2);
     EXPECT_THAT(viewer.err, HasSubstr("error: You must also choose the executable file!"));
 

@@ -71,6 +71,12 @@ std::string MstsTree::writeBytes(std::string_view relative, std::string_view byt
     return path.string();
 }
 
+std::string MstsTree::writeProgram(std::string_view relative) {
+    const std::string path = writeBytes(relative, "#!/bin/sh\n");
+    fs::permissions(path, fs::perms::owner_exec, fs::perm_options::add);
+    return path;
+}
+
 std::string readWholeFile(const std::string& path) {
     std::ifstream in(path, std::ios::binary);
     return std::string((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());

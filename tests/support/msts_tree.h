@@ -35,6 +35,8 @@ public:
                       std::string_view header = "SIMISA@@@@@@@@@@JINX0D0t______");
     // Writes the bytes as they are.
     std::string writeBytes(std::string_view relative, std::string_view bytes);
+    // A small program that may be run, as a chosen editor or viewer must be.
+    std::string writeProgram(std::string_view relative);
     // Reads a file relative to the tree's root (e.g. "home/Reports/StartErrors.txt").
     std::string read(std::string_view relative) const;
     bool exists(std::string_view relative) const;

@@ -296,7 +296,7 @@ void MainWindow::uidTooBigIsRefusedAndKeepsTheOldNumber() {
 
 void MainWindow::startErrorsButtonOpensTheEditorOrTrashesTheReport() {
     MainWindowFixture f;
-    f.state->paths.editorPath = "/usr/bin/editor";
+    f.state->paths.editorPath = "/usr/bin/gedit";
     std::filesystem::create_directories(f.msts.home() + "/Reports");
     const std::string report = f.msts.home() + "/Reports/StartErrors.txt";
     std::ofstream(report) << "finding\r\n";
@@ -304,7 +304,7 @@ void MainWindow::startErrorsButtonOpensTheEditorOrTrashesTheReport() {
     QVERIFY(f.window->cmdStartErrors->isVisible());
     QTest::mouseClick(f.window->cmdStartErrors, Qt::LeftButton);
     QCOMPARE(f.fake.desktop.started.size(), std::size_t(1));
-    QVERIFY(f.fake.desktop.started[0].starts_with("/usr/bin/editor "));
+    QVERIFY(f.fake.desktop.started[0].starts_with("/usr/bin/gedit "));
     QVERIFY(f.fake.desktop.started[0].ends_with("StartErrors.txt"));
     Q_EMIT f.window->cmdStartErrors->customContextMenuRequested(QPoint(2, 2));
     QVERIFY(!f.window->cmdStartErrors->isVisible());

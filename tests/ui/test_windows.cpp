@@ -1,3 +1,4 @@
+#include <QApplication>
 #include <QLabel>
 #include <QLayout>
 #include <QLineEdit>
@@ -10,6 +11,9 @@
 #include "core/app/app_state.h"
 #include "support/fakes.h"
 #include "support/msts_tree.h"
+#include "ui/windows/Defeditor.h"
+#include "ui/windows/Dialog.h"
+#include "ui/windows/SFVOption.h"
 #include "ui/windows/frm3DViewer.h"
 #include "ui/windows/frmAbout.h"
 #include "ui/windows/frmEditor.h"
@@ -17,6 +21,8 @@
 #include "ui/windows/frmPath.h"
 #include "ui/windows/frmQtd.h"
 #include "ui/windows/frmScrshots.h"
+#include "ui/windows/frmSettings.h"
+#include "ui/windows/frmUnicode.h"
 #include "ui/widgets/path_chooser.h"
 
 using namespace rakeyard;
@@ -29,6 +35,7 @@ private Q_SLOTS:
     void aboutLinkOpensTheHomePage();
     void pathWindowsKeepTheirNamesCaptionsAndOrder();
     void pathWindowButtonsRunEachWindowsOwnSteps();
+    void everyWindowCanBeResized();
 };
 
 void Windows::numberBoxTakesDigitsOnlyAndCancelGivesZero() {
@@ -155,7 +162,7 @@ void Windows::pathWindowButtonsRunEachWindowsOwnSteps() {
     QCOMPARE(mstsPath.result(), int(QDialog::Rejected));
 
     // The editor must be a file; OK stays open until it is one.
-    const std::string editor = msts.writeBytes("editor", "#!/bin/sh\n");
+    const std::string editor = msts.writeProgram("myeditor");
     ui::frmEditor editorWindow(*state, fake.services);
     editorWindow.chooser->Text1->setText(QString::fromStdString(msts.home() + "/none"));
     QTest::mouseClick(editorWindow.Command1, Qt::LeftButton);
@@ -176,4 +183,38 @@ void Windows::pathWindowButtonsRunEachWindowsOwnSteps() {
 }
 
 QTEST_MAIN(Windows)
+// No window is held to one size: each grows past its first size and its layout follows.
+void Windows::everyWindowCanBeResized() {
+    test::MstsTree msts;
+    test::FakeServices fake;
+    auto state = std::make_unique<AppState>();
+    state->paths.programFolder = msts.home();
+    state->paths.consistsPath = msts.consists();
+    std::vector<std::unique_ptr<QWidget>> windows;
+    windows.push_back(std::make_unique<ui::frmQtd>("Coal wagon"));
+    windows.push_back(std::make_unique<ui::Defeditor>(*state, fake.services));
+    windows.push_back(std::make_unique<ui::Dialog>(*state, fake.services));
+    windows.push_back(std::make_unique<ui::SFVOption>(*state, fake.services));
+    windows.push_back(std::make_unique<ui::frmAbout>(*state, fake.services));
+    windows.push_back(std::make_unique<ui::frmPath>(*state, fake.services));
+    windows.push_back(std::make_unique<ui::frmEditor>(*state, fake.services));
+    windows.push_back(std::make_unique<ui::frm3DViewer>(*state, fake.services));
+    windows.push_back(std::make_unique<ui::frmScrshots>(*state, fake.services));
+    windows.push_back(std::make_unique<ui::frmLoadCon>(*state, fake.services));
+    windows.push_back(std::make_unique<ui::frmUnicode>(*state, fake.services));
+    windows.push_back(std::make_unique<ui::frmSettings>(*state, fake.services));
+    for (const auto& window : windows) {
+        const QString name = window->objectName();
+        window->show();
+        const QSize first = window->size();
+        window->resize(first + QSize(200, 150));
+        QApplication::processEvents();
+        QVERIFY2(window->width() == first.width() + 200, qPrintable(name));
+        QVERIFY2(window->height() == first.height() + 150, qPrintable(name));
+        if (window->layout())
+            QVERIFY2(window->layout()->geometry().width() > first.width(), qPrintable(name));
+        window->hide();
+    }
+}
+
 #include "test_windows.moc"

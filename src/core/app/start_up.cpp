@@ -12,10 +12,12 @@ namespace rakeyard {
 
 namespace {
 
-constexpr std::string_view kNoMstsText =
-    "Cannot find MSTS in the specified directory!\n\n"
-    "You must enter the correct path for the program.\n\n"
-    "i.e. \"C:\\Program Files\\Microsoft Games\\Train Simulator\".";
+std::string noMstsText() {
+    return "Cannot find MSTS in the specified directory!\n\n"
+           "You must enter the correct path for the program.\n\n"
+           "i.e. \"" +
+           std::string(kMstsFolderExample) + "\".";
+}
 
 bool beginsWithZero(std::string_view text) {
     return !text.empty() && text.front() == '\0';
@@ -41,7 +43,7 @@ bool settleMstsFolder(AppState& state, Services& services, StartUpWindows& windo
         setText(state.settings, &SettingsRecord::soundPath, state.paths.soundPath);
         if (!isUnset(state.paths.trainsetPath) && services.fs.isFolder(state.paths.trainsetPath))
             return true;
-        services.dialogs.report(kNoMstsText, Icon::Stop, "ERROR");
+        services.dialogs.report(noMstsText(), Icon::Stop, "ERROR");
         if (!windows.showPathWindow()) return false;
     }
 }

@@ -5,6 +5,7 @@
 #include "core/platform/paths.h"
 #include "core/platform/text_utf.h"
 #include "core/settings/settings_file.h"
+#include "core/settings/shell_helpers.h"
 
 namespace rakeyard {
 
@@ -128,7 +129,7 @@ void editChosenConsist(const ConsistContext& app, Services& services, const Cons
     }
     const std::string path =
         services.fs.resolve(chosenConsistPath(app, chooser.files[static_cast<std::size_t>(index)]));
-    (void)services.desktop.startProgram(app.paths.editorPath, {path});
+    (void)startTextEditor(app.paths, path, services);
 }
 
 }  // namespace rakeyard

@@ -5,6 +5,7 @@
 #include "core/msts/find_unit.h"
 #include "core/platform/paths.h"
 #include "core/platform/text_utf.h"
+#include "core/settings/shell_helpers.h"
 
 namespace rakeyard {
 
@@ -137,8 +138,8 @@ bool openUnitInEditor(const PathGlobals& paths, std::span<const UnitRecord> reco
     const std::optional<std::size_t> index = findUnitOfLine(records, line);
     if (!index) return false;
     const UnitRecord& unit = records[*index];
-    return services.desktop.startProgram(paths.editorPath,
-                                         {joinPath(unit.folderPath, unit.fileName)});
+    return startTextEditor(paths, joinPath(unit.folderPath, unit.fileName), services) ==
+           EditorStart::Started;
 }
 
 bool deleteUnitFolder(const PathGlobals& paths, const UnitRecord& record, Services& services) {

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "core/platform/paths.h"
+#include "core/platform/text_utf.h"
 
 #ifdef _WIN32
 #include <windows.h>
@@ -46,6 +47,38 @@ std::vector<std::string_view> splitSearchPath(std::string_view searchPath) {
 }
 
 }  // namespace
+
+bool isProgramFile(const std::string& path) {
+#ifdef _WIN32
+    std::error_code ec;
+    const fs::path where(std::u8string(path.begin(), path.end()));
+    return fs::is_regular_file(where, ec) && path.size() >= 4 &&
+           upperAscii(path.substr(path.size() - 4)) == ".EXE";
+#else
+    return isExecutableFile(path);
+#endif
+}
+
+bool isTerminalEditor(std::string_view path) {
+#ifdef _WIN32
+    (void)path;
+    return false;  // Windows gives a console program a window of its own
+#else
+    // "editor" and "sensible-editor" are Debian's names for the user's terminal editor.
+    static constexpr std::string_view kTerminalEditors[] = {
+        "vi",    "vim",    "vim.basic", "vim.tiny", "nvim",   "view",   "ex",     "ed",
+        "nano",  "pico",   "rnano",     "emacs-nox", "jed",   "joe",    "jmacs",  "jstar",
+        "mcedit", "micro", "ne",        "hx",       "helix", "kak",    "mg",     "zile",
+        "editor", "sensible-editor"};
+    std::size_t start = path.size();
+    while (start > 0 && !isPathSeparator(path[start - 1]))
+        --start;
+    const std::string_view name = path.substr(start);
+    for (std::string_view editor : kTerminalEditors)
+        if (name == editor) return true;
+    return false;
+#endif
+}
 
 std::string wordpadPathForVersion(unsigned long platformId, unsigned long major,
                                   unsigned long minor) {

@@ -21,6 +21,14 @@ inline constexpr std::string_view kTextEditorNames[] = {
     "gedit", "gnome-text-editor", "kate",  "kwrite",  "mousepad", "xed",
     "pluma", "featherpad",        "geany", "leafpad", "xdg-open"};
 
+// Whether path names a program: on Windows a file ending in ".exe", elsewhere a file that may
+// be run.
+bool isProgramFile(const std::string& path);
+
+// Whether the editor at path works only inside a terminal (vi, nano...): started by a window
+// program off Windows it would open no window, and the user would never see the file.
+bool isTerminalEditor(std::string_view path);
+
 // The full path of the first name of kTextEditorNames that is an executable file in a folder of
 // searchPath (folders separated as in PATH); "" when none is.
 std::string findEditorOnPath(std::string_view searchPath);

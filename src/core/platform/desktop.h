@@ -3,14 +3,10 @@
 #include <string_view>
 #include <vector>
 
+#include "core/platform/system_words.h"
+
 namespace rakeyard {
 
-// What the user knows the recycle bin as on this system.
-#ifdef _WIN32
-inline constexpr std::string_view kTrashName = "Recycle Bin";
-#else
-inline constexpr std::string_view kTrashName = "Trash";
-#endif
 
 // Services of the desktop around the program: the recycle bin, outside programs, the browser.
 class Desktop {

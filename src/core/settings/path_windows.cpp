@@ -31,6 +31,15 @@ bool endsWithExe(std::string_view text) {
     return text.size() >= 4 && upperAscii(text.substr(text.size() - 4)) == ".EXE";
 }
 
+std::string invalidPathText(std::string_view example) {
+    return "Invalid file or folder!\nYou must enter a valid path i.e. \"" + std::string(example) +
+           "\".";
+}
+
+constexpr std::string_view kChooseProgramText =
+    "You must also choose the executable file!\nPlease click on the bottom box and choose the "
+    "program file.";
+
 }  // namespace
 
 std::string mstsPathStartFolder(const SettingsRecord& record) {
@@ -83,13 +92,19 @@ WindowOutcome acceptEditorPath(std::string_view text, SettingsRecord& record, Pa
                                Services& services) {
     const std::string typed = trimBlanks(text);
     if (!services.fs.isFile(typed)) {
-        services.dialogs.report(
-            "Invalid file or folder!\nYou must enter a valid path i.e. \"C:\\Program "
-            "Files\\Accessories\\Wordpad.exe\".",
-            Icon::Stop);
+        services.dialogs.report(invalidPathText(kEditorExample), Icon::Stop);
         return WindowOutcome::Stay;
     }
-    setPathField(record, paths, &SettingsRecord::editorPath, services.fs.resolve(typed));
+    const std::string editor = services.fs.resolve(typed);
+    if (!kProgramsEndInExe && !isProgramFile(editor)) {
+        services.dialogs.report(std::string(kChooseProgramText), Icon::Stop);
+        return WindowOutcome::Stay;
+    }
+    if (isTerminalEditor(editor)) {
+        services.dialogs.report(terminalEditorText(editor), Icon::Exclamation);
+        return WindowOutcome::Stay;
+    }
+    setPathField(record, paths, &SettingsRecord::editorPath, editor);
     (void)saveSettings(record, paths, services);
     return WindowOutcome::Close;
 }
@@ -106,19 +121,18 @@ bool declineViewer(SettingsRecord& record, PathGlobals& paths, Services& service
 ViewerOutcome acceptViewerPath(std::string_view text, SettingsRecord& record, PathGlobals& paths,
                                Services& services) {
     std::string typed = trimBlanks(text);
-    if (!endsWithExe(typed)) {
-        services.dialogs.report(
-            "You must also choose the executable file!\nPlease click on the bottom box and "
-            "choose the program file.",
-            Icon::Stop);
+    // Where programs end in ".exe" the name tells; elsewhere a folder is no program either.
+    if (kProgramsEndInExe ? !endsWithExe(typed) : services.fs.isFolder(typed)) {
+        services.dialogs.report(std::string(kChooseProgramText), Icon::Stop);
         return ViewerOutcome::Stay;
     }
     if (!typed.empty() && isPathSeparator(typed.back())) typed.pop_back();
     if (!services.fs.isFile(typed)) {
-        services.dialogs.report(
-            "Invalid file or folder!\nYou must enter a valid path i.e. \"C:\\Program Files\\Your "
-            "3D viewer path\\3D viewer program\".",
-            Icon::Stop);
+        services.dialogs.report(invalidPathText(kViewerExample), Icon::Stop);
+        return ViewerOutcome::Stay;
+    }
+    if (!kProgramsEndInExe && !isProgramFile(services.fs.resolve(typed))) {
+        services.dialogs.report(std::string(kChooseProgramText), Icon::Stop);
         return ViewerOutcome::Stay;
     }
     setPathField(record, paths, &SettingsRecord::viewerPath, services.fs.resolve(typed));
@@ -138,10 +152,7 @@ WindowOutcome acceptScreenshotsPath(std::string_view text, SettingsRecord& recor
                                     PathGlobals& paths, Services& services) {
     const std::string typed = trimBlanks(text);
     if (!services.fs.isFolder(typed)) {
-        services.dialogs.report(
-            "Invalid file or folder!\nYou must enter a valid path i.e. \"C:\\Program Files\\Your "
-            "3D viewer path\\3D viewer program\".",
-            Icon::Stop);
+        services.dialogs.report(invalidPathText(kViewerExample), Icon::Stop);
         return WindowOutcome::Stay;
     }
     setPathField(record, paths, &SettingsRecord::screenshotsPath, services.fs.resolve(typed));

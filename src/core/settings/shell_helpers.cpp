@@ -13,6 +13,24 @@ void appendUnit(std::string& out, char32_t unit) {
 
 }  // namespace
 
+std::string terminalEditorText(std::string_view editorPath) {
+    return "The text editor \"" + std::string(editorPath) +
+           "\" works only inside a terminal, so it would open no window here.\nPlease select "
+           "\"Options\" from the menu and choose a text editor program with a window of its "
+           "own, such as gedit, Kate or Mousepad.";
+}
+
+EditorStart startTextEditor(const PathGlobals& paths, const std::string& file,
+                            Services& services) {
+    if (paths.editorPath.empty()) return EditorStart::NoEditor;
+    if (isTerminalEditor(paths.editorPath)) {
+        services.dialogs.report(terminalEditorText(paths.editorPath), Icon::Exclamation);
+        return EditorStart::Refused;
+    }
+    return services.desktop.startProgram(paths.editorPath, {file}) ? EditorStart::Started
+                                                                   : EditorStart::Failed;
+}
+
 std::string toWideBytes(std::string_view text) {
     std::string out;
     out.reserve(text.size() * 2);

@@ -58,14 +58,32 @@ QIcon glyphIcon(const Glyph& glyph) {
 
 }  // namespace
 
+// The desktop's own icon where the freedesktop naming has one for the button, so the toolbar
+// looks as the user's other programs do; the style's or a painted one otherwise.
 QIcon toolbarIcon(const QString& key) {
-    QStyle* style = QApplication::style();
-    if (key == "exit") return style->standardIcon(QStyle::SP_DialogCloseButton);
-    if (key == "new") return style->standardIcon(QStyle::SP_FileIcon);
-    if (key == "open") return style->standardIcon(QStyle::SP_DialogOpenButton);
-    if (key == "save") return style->standardIcon(QStyle::SP_DialogSaveButton);
-    for (const Glyph& glyph : kGlyphs)
-        if (key == glyph.key) return glyphIcon(glyph);
+    struct Themed {
+        const char* key;
+        const char* themeName;
+        QStyle::StandardPixmap fallback;
+    };
+    static constexpr Themed kThemed[] = {
+        {"exit", "application-exit", QStyle::SP_DialogCloseButton},
+        {"new", "document-new", QStyle::SP_FileIcon},
+        {"open", "document-open", QStyle::SP_DialogOpenButton},
+        {"save", "document-save", QStyle::SP_DialogSaveButton},
+    };
+    for (const Themed& themed : kThemed)
+        if (key == themed.key)
+            return QIcon::fromTheme(themed.themeName,
+                                    QApplication::style()->standardIcon(themed.fallback));
+    static constexpr std::pair<const char*, const char*> kThemedGlyphs[] = {
+        {"paste", "edit-paste"}, {"delete", "edit-delete"}};
+    for (const Glyph& glyph : kGlyphs) {
+        if (key != glyph.key) continue;
+        for (const auto& [glyphKey, themeName] : kThemedGlyphs)
+            if (key == glyphKey) return QIcon::fromTheme(themeName, glyphIcon(glyph));
+        return glyphIcon(glyph);
+    }
     return QIcon(slotPicture("ENG"));
 }
 

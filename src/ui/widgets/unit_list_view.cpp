@@ -121,6 +121,9 @@ UnitListView::UnitListView(UnitClass which, QWidget* parent)
     setMinimumHeight(60);
     connect(selectionModel(), &QItemSelectionModel::currentChanged, this,
             &UnitListView::currentLineChanged);
+    connect(header(), &QHeaderView::sectionResized, this, [this](int section) {
+        if (section == kName) nameWidthChosen_ = true;
+    });
 }
 
 void UnitListView::setRows(std::span<const UnitRecord> records,
@@ -139,13 +142,25 @@ void UnitListView::setRows(std::span<const UnitRecord> records,
         shown.push_back(std::move(r));
     }
     model_->setRows(std::move(shown));
-    // The name column takes what the other columns leave, within reason.
-    const bool firstFill = header()->sectionSize(kName) == header()->defaultSectionSize();
-    if (firstFill && !rows.empty()) {
+    if (!columnsFitted_ && !rows.empty()) {
+        columnsFitted_ = true;
         for (int column = kCouplers; column < kColumnCount; ++column)
             resizeColumnToContents(column);
-        setColumnWidth(kName, std::max(160, viewport()->width() / 2));
+        fitNameColumn();
     }
+}
+
+// Until the user sets its width, the name column takes half the list's width: names are what
+// a user reads first, the file and folder stand beyond them.
+void UnitListView::fitNameColumn() {
+    if (nameWidthChosen_) return;
+    const QSignalBlocker quiet(header());
+    setColumnWidth(kName, std::max(140, viewport()->width() / 2));
+}
+
+void UnitListView::resizeEvent(QResizeEvent* event) {
+    QTreeView::resizeEvent(event);
+    fitNameColumn();
 }
 
 void UnitListView::setSearch(const QString& text) {

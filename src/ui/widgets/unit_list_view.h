@@ -37,7 +37,13 @@ public:
 Q_SIGNALS:
     void currentLineChanged();
 
+protected:
+    void resizeEvent(QResizeEvent* event) override;
+
 private:
+    void fitNameColumn();
+    bool columnsFitted_ = false;
+    bool nameWidthChosen_ = false;
     UnitClass which_;
     UnitListModel* model_;
     UnitListProxy* proxy_;

@@ -1,6 +1,7 @@
 #include "ui/windows/Defeditor.h"
 
 #include <QCheckBox>
+#include <QFileInfo>
 #include <QHBoxLayout>
 #include <QVBoxLayout>
 
@@ -17,14 +18,29 @@ Defeditor::Defeditor(AppState& state, Services& services, QWidget* parent)
     : QDialog(parent), state_(state), services_(services) {
     setObjectName("Defeditor");
     setWindowTitle("Default Editor");
+    const std::string standard = rakeyard::defaultEditorPath();
+#ifdef _WIN32
     Label1 = textLabel("Label1",
                        "To use wordpad,check the wordpad box,else check other. If your OS is "
                        "installed on a drive other than C: choose other and point to the proper "
                        "folder.",
                        this);
     Check1 = named(new QCheckBox("&Wordpad", this), "Check1");
+#else
+    // Off Windows the first box offers the text editor found on this system, by its name.
+    const QString found = standard.empty() ? QString() : QFileInfo(qs(standard)).fileName();
+    Label1 = textLabel("Label1",
+                       found.isEmpty()
+                           ? QString("No text editor with a window was found on this system: "
+                                     "check other and point to the editor you want.")
+                           : "To use " + found + ", check its box, else check other and point "
+                                                 "to the editor you want.",
+                       this);
+    Check1 = named(new QCheckBox(found.isEmpty() ? QString("&System editor") : "&" + found, this),
+                   "Check1");
+    Check1->setEnabled(!found.isEmpty());
+#endif
     Other = named(new QCheckBox("&Other", this), "Other");
-    const std::string standard = rakeyard::defaultEditorPath();
     Check1->setToolTip(standard.empty() ? QString("No text editor was found on this system")
                                         : qs(standard));
     auto* boxes = new QHBoxLayout();
@@ -34,7 +50,7 @@ Defeditor::Defeditor(AppState& state, Services& services, QWidget* parent)
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(Label1);
     layout->addLayout(boxes);
-    setFixedWidth(420);
+    setMinimumWidth(420);
     connect(Check1, &QCheckBox::clicked, this, &Defeditor::Check1_Click);
     connect(Other, &QCheckBox::clicked, this, &Defeditor::Other_Click);
 }

@@ -32,7 +32,7 @@ Dialog::Dialog(AppState& state, Services& services, QWidget* parent)
     auto* layout = new QVBoxLayout(this);
     layout->addLayout(top);
     layout->addLayout(bottom);
-    setFixedWidth(460);
+    setMinimumWidth(460);
     connect(OKButton, &QPushButton::clicked, this, &Dialog::OKButton_Click);
 }
 

@@ -26,7 +26,7 @@ SFVOption::SFVOption(AppState& state, Services& services, QWidget* parent)
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(Label1);
     layout->addLayout(boxes);
-    setFixedWidth(380);
+    setMinimumWidth(380);
     connect(Check1, &QCheckBox::clicked, this, &SFVOption::Check1_Click);
     connect(Check2, &QCheckBox::clicked, this, &SFVOption::Check2_Click);
 }

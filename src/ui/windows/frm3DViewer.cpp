@@ -13,7 +13,11 @@ PathWindowLook viewerPathLook() {
     look.objectName = "frm3DViewer";
     look.title = "3D viewer path";
     look.prompt = "Please select the program to display 3D models";
+#ifdef _WIN32
     look.fileFilters = {"*.exe", "*.EXE"};
+#else
+    look.executablesOnly = true;
+#endif
     look.size = QSize(620, 420);
     return look;
 }

@@ -46,7 +46,8 @@ frmAbout::frmAbout(AppState& state, Services& services, QWidget* parent)
     grid->addWidget(lblHomePage, 3, 1);
     grid->addWidget(cmdOK, 4, 1, Qt::AlignRight);
     connect(cmdOK, &QPushButton::clicked, this, &QDialog::accept);
-    setFixedSize(sizeHint().expandedTo(QSize(420, 0)));
+    setMinimumWidth(420);
+    resize(sizeHint().expandedTo(QSize(420, 0)));
 }
 
 bool frmAbout::eventFilter(QObject* watched, QEvent* event) {

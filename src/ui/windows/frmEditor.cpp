@@ -13,12 +13,15 @@ PathWindowLook editorPathLook() {
     look.objectName = "frmEditor";
     look.title = "Editor path";
     look.prompt = "Please select the text editor program to edit files";
+#ifdef _WIN32
     look.note =
         "The text editor program must allow to save files in Unicode format.    "
         "(i.e. Wordpad.exe).";
-#ifdef _WIN32
     look.fileFilters = {"*.exe"};
 #else
+    look.note =
+        "The text editor program must allow to save files in Unicode format and open a window "
+        "of its own (i.e. gedit, Kate or Mousepad).";
     look.executablesOnly = true;
 #endif
     look.size = QSize(620, 420);

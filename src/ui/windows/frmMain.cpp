@@ -24,6 +24,7 @@
 #include "core/consist/slot_view.h"
 #include "core/msts/catalogue_reader.h"
 #include "core/platform/paths.h"
+#include "core/settings/shell_helpers.h"
 #include "ui/support/handler_guard.h"
 #include "ui/support/twips.h"
 #include "ui/widgets/slot_strip.h"
@@ -330,8 +331,8 @@ void frmMain::showStartErrorsButton() {
 void frmMain::cmdStartErrors_Click() {
     runGuarded(services_.dialogs, [&] {
         const std::string path = startErrorsFile(state_.paths);
-        if (!services_.fs.isFile(path) || state_.paths.editorPath.empty()) return;
-        if (!services_.desktop.startProgram(state_.paths.editorPath, {path}))
+        if (!services_.fs.isFile(path)) return;
+        if (startTextEditor(state_.paths, path, services_) == EditorStart::Failed)
             services_.dialogs.report(
                 "An error ocurred while trying to open the editor!\rPlease check if the given "
                 "path is correct.",

@@ -86,6 +86,7 @@ QWidget* frmMain::buildListsRow() {
         bold.setBold(true);
         title->setFont(bold);
         line->addWidget(title);
+        line->addSpacing(4);
         line->addWidget(count);
         line->addSpacing(12);
         line->addWidget(filter);

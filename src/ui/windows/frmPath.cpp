@@ -2,6 +2,7 @@
 
 #include <QLineEdit>
 
+#include "core/platform/system_words.h"
 #include "core/settings/path_windows.h"
 #include "ui/support/handler_guard.h"
 #include "ui/windows/qt_services.h"
@@ -15,9 +16,8 @@ PathWindowLook mstsPathLook() {
     look.objectName = "frmPath";
     look.title = "MSTS path";
     look.prompt = "Please select the main folder for MSTS";
-    look.note =
-        "Select the main folder where your Train Simulator is installed i.e. "
-        "\"C:\\Program Files\\Microsoft Games\\Train Simulator\"";
+    look.note = "Select the main folder where your Train Simulator is installed i.e. \"" +
+                qs(rakeyard::kMstsFolderExample) + "\"";
     look.size = QSize(560, 420);
     return look;
 }

@@ -37,7 +37,7 @@ frmQtd::frmQtd(const QString& wagonName, QWidget* parent) : QDialog(parent) {
     connect(OKButton, &QPushButton::clicked, this, &frmQtd::OKButton_Click);
     connect(CancelButton, &QPushButton::clicked, this, &frmQtd::CancelButton_Click);
     connect(this, &QDialog::rejected, this, [this] { number_ = 0; });
-    setFixedWidth(380);
+    setMinimumWidth(380);
 }
 
 void frmQtd::OKButton_Click() {

@@ -21,7 +21,7 @@ frmWait::frmWait(const QString& text, QWidget* parent)
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(Label1);
     layout->addWidget(PBar1);
-    setFixedSize(340, 90);
+    setMinimumSize(340, 90);
 }
 
 }  // namespace rakeyard::ui

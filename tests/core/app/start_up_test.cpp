@@ -77,8 +77,8 @@ protected:
     InitProg() {
         state->paths.programFolder = msts.home();
         fake.dialogs.defaultAnswer = Answer::Ok;  // keep StartErrors.txt
-        tools = msts.writeBytes("tools/editor.exe", "x");
-        viewer = msts.writeBytes("tools/viewer.exe", "x");
+        tools = msts.writeProgram("tools/edit.exe");
+        viewer = msts.writeProgram("tools/viewer.exe");
         windows.editorPath = tools;
         windows.viewerPath = viewer;
         windows.screenshotsPath = msts.msts() + "/tools";
@@ -174,8 +174,7 @@ TEST_F(InitProg, AStoredFolderThatLostItsTrainsetComesBackToThePathWindow) {
     EXPECT_EQ(fake.dialogs.shown.front().title, "ERROR");
     EXPECT_EQ(fake.dialogs.shown.front().text,
               "Cannot find MSTS in the specified directory!\n\nYou must enter the correct path "
-              "for the program.\n\ni.e. \"C:\\Program Files\\Microsoft Games\\Train "
-              "Simulator\".");
+              "for the program.\n\ni.e. \"" + std::string(kMstsFolderExample) + "\".");
 }
 
 TEST_F(InitProg, CancelWithEmptyBoxEndsTheProgramAndLeavesSettingsEmpty) {

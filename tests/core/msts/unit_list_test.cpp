@@ -128,10 +128,10 @@ TEST_F(UnitListActions, CtrlClickOpensTheFileOfTheLinesUnit) {
     EXPECT_EQ(fake.dialogs.texts(),
               (std::vector<std::string>{
                   "Please select \"Options\" from the menu and choose a text editor program."}));
-    paths.editorPath = "/usr/bin/editor";
+    paths.editorPath = "/usr/bin/gedit";
     EXPECT_TRUE(openUnitInEditor(paths, engines, unitListLine(engines[1], true), fake.services));
     EXPECT_EQ(fake.desktop.started,
-              (std::vector<std::string>{"/usr/bin/editor " +
+              (std::vector<std::string>{"/usr/bin/gedit " +
                                         joinPath("/msts/TRAINS/TRAINSET/F", "GP38.eng")}));
 }
 

@@ -17,17 +17,21 @@ namespace rakeyard {
 namespace {
 
 const std::string kInvalidViewerPath =
-    "Invalid file or folder!\nYou must enter a valid path i.e. \"C:\\Program Files\\Your 3D "
-    "viewer path\\3D viewer program\".";
+    "Invalid file or folder!\nYou must enter a valid path i.e. \"" + std::string(kViewerExample) +
+    "\".";
+const std::string kWrongKind =
+    "You must also choose the executable file!\nPlease click on the bottom box and choose the "
+    "program file.";
 
 class PathWindows : public ::testing::Test {
 protected:
     void SetUp() override { paths.programFolder = msts.home(); }
 
-    std::string makeFile(const std::string& relative) {
+    std::string makeFile(const std::string& relative, bool program = false) {
         const std::string path = msts.root() + "/" + relative;
         fs::create_directories(fs::path(path).parent_path());
         std::ofstream(path) << "program";
+        if (program) fs::permissions(path, fs::perms::owner_exec, fs::perm_options::add);
         return path;
     }
     SettingsRecord stored() { return parseSettings(msts.read("home/settings.bin")); }
@@ -99,10 +103,9 @@ TEST_F(PathWindows, CancelWithAnEmptyBoxOnTheFirstRunEndsWithSettingsLeftEmpty) 
 }
 
 TEST_F(PathWindows, EditorOkNeedsAnExistingFile) {
-    const std::string editor = makeFile("bin/wordpad.exe");
-    const std::string invalid =
-        "Invalid file or folder!\nYou must enter a valid path i.e. \"C:\\Program "
-        "Files\\Accessories\\Wordpad.exe\".";
+    const std::string editor = makeFile("bin/wordpad.exe", true);
+    const std::string invalid = "Invalid file or folder!\nYou must enter a valid path i.e. \"" +
+                                std::string(kEditorExample) + "\".";
     for (const std::string& text : {msts.root() + "/bin/missing.exe", msts.root() + "/bin"}) {
         fake.dialogs.shown.clear();
         EXPECT_EQ(acceptEditorPath(text, record, paths, fake.services), WindowOutcome::Stay);
@@ -116,6 +119,39 @@ TEST_F(PathWindows, EditorOkNeedsAnExistingFile) {
     EXPECT_EQ(trimmedValue(stored().editorPath), nativeSeparators(editor));
 }
 
+// Off Windows a program is a file that may be run, whatever its name, and an editor that needs a
+// terminal would open no window: both are refused before anything is stored.
+TEST_F(PathWindows, EditorOkRefusesAFileThatIsNoProgramAndATerminalEditor) {
+    if (kProgramsEndInExe) GTEST_SKIP() << "programs are told by their name here";
+    const std::string text = makeFile("bin/notes.txt");
+    const std::string nano = makeFile("bin/nano", true);
+    EXPECT_EQ(acceptEditorPath(text, record, paths, fake.services), WindowOutcome::Stay);
+    EXPECT_EQ(acceptEditorPath(nano, record, paths, fake.services), WindowOutcome::Stay);
+    ASSERT_EQ(fake.dialogs.texts().size(), 2u);
+    EXPECT_EQ(fake.dialogs.texts()[0], kWrongKind);
+    EXPECT_EQ(fake.dialogs.texts()[1], terminalEditorText(nano));
+    EXPECT_FALSE(settingsWritten());
+
+    const std::string gedit = makeFile("bin/gedit", true);
+    EXPECT_EQ(acceptEditorPath(gedit, record, paths, fake.services), WindowOutcome::Close);
+    EXPECT_EQ(paths.editorPath, gedit);
+}
+
+TEST_F(PathWindows, AStoredTerminalEditorIsNotStartedAndTheUserIsTold) {
+    paths.editorPath = "/usr/bin/vim.basic";
+    EXPECT_EQ(startTextEditor(paths, "/msts/a.con", fake.services),
+              kProgramsEndInExe ? EditorStart::Started : EditorStart::Refused);
+    if (!kProgramsEndInExe) {
+        EXPECT_TRUE(fake.desktop.started.empty());
+        EXPECT_EQ(fake.dialogs.texts(),
+                  std::vector<std::string>{terminalEditorText("/usr/bin/vim.basic")});
+    }
+    paths.editorPath = "/usr/bin/kate";
+    EXPECT_EQ(startTextEditor(paths, "/msts/a.con", fake.services), EditorStart::Started);
+    paths.editorPath.clear();
+    EXPECT_EQ(startTextEditor(paths, "/msts/a.con", fake.services), EditorStart::NoEditor);
+}
+
 TEST_F(PathWindows, ViewerOptionNoStoresNoAndYesAsksOnlyWhenUnset) {
     EXPECT_TRUE(viewerWindowNeeded(record));
     EXPECT_TRUE(declineViewer(record, paths, fake.services));
@@ -126,17 +162,13 @@ TEST_F(PathWindows, ViewerOptionNoStoresNoAndYesAsksOnlyWhenUnset) {
 
 TEST_F(PathWindows, ViewerOkChecksTheExecutableThenExistence) {
     makeFile("viewer/shape.txt");
-    const std::string wrongKind =
-        "You must also choose the executable file!\nPlease click on the bottom box and choose "
-        "the program file.";
     struct Case {
         std::string text;
         std::string message;
     };
     const Case cases[] = {
-        {msts.root() + "/viewer/shape.txt", wrongKind},
-        {msts.root() + "/viewer", wrongKind},
-        {"", wrongKind},
+        {msts.root() + "/viewer/shape.txt", kWrongKind},
+        {msts.root() + "/viewer", kWrongKind},
         {msts.root() + "/viewer/missing.exe", kInvalidViewerPath},
         {msts.root() + "/viewer/.EXE", kInvalidViewerPath},
     };
@@ -151,7 +183,7 @@ TEST_F(PathWindows, ViewerOkChecksTheExecutableThenExistence) {
 }
 
 TEST_F(PathWindows, ViewerOkStoresTheProgramAndAsksForScreenshotsWhileThoseAreUnset) {
-    const std::string viewer = makeFile("viewer/Shape.Exe");
+    const std::string viewer = makeFile("viewer/Shape.Exe", true);
     EXPECT_EQ(acceptViewerPath(viewer, record, paths, fake.services),
               ViewerOutcome::CloseAndAskScreenshots);
     EXPECT_EQ(trimmedValue(stored().viewerPath), viewer);
