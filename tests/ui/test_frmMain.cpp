@@ -7,7 +7,9 @@
 #include <QPushButton>
 #include <QTest>
 #include <QToolButton>
+#include <algorithm>
 #include <filesystem>
+#include <functional>
 #include <fstream>
 
 #include "core/settings/settings_record.h"
@@ -33,6 +35,8 @@ private Q_SLOTS:
     void uidTooBigIsRefusedAndKeepsTheOldNumber();
     void startErrorsButtonOpensTheEditorOrTrashesTheReport();
     void windowTakesItsStoredSizeAndGrowsItsContents();
+    void cancelOnEverySaveQuestionKeepsTheConsistAndTheWindow();
+    void aSaveThatFailsOnExitKeepsTheWindowOpen();
     void alwaysShowPictureIsAStoredCheckMark();
 };
 
@@ -335,6 +339,47 @@ void MainWindow::windowTakesItsStoredSizeAndGrowsItsContents() {
     const QRect grown = f.window->Picture1[0]->pictureRect();
     QVERIFY(grown.width() > picture.width() * 3 / 2);
     QVERIFY(qAbs(grown.width() - grown.height() * 2) <= 2);  // the pictures keep their shape
+}
+
+void MainWindow::cancelOnEverySaveQuestionKeepsTheConsistAndTheWindow() {
+    MainWindowFixture f;
+    f.addWagon("van.wag");
+    const std::pair<const char*, std::function<void()>> actions[] = {
+        {"New", [&] { f.window->mnuNew->trigger(); }},
+        {"Exit", [&] { f.window->mnuExit->trigger(); }},
+        {"close button", [&] { f.window->close(); }},
+        {"refresh", [&] { QTest::mouseClick(f.window->Command2, Qt::LeftButton); }},
+    };
+    for (const auto& [name, action] : actions) {
+        f.fake.dialogs.shown.clear();
+        f.fake.dialogs.answers = {rakeyard::Answer::Cancel};
+        action();
+        QVERIFY2(!f.fake.dialogs.shown.empty() && f.fake.dialogs.shown[0].question, name);
+        QVERIFY2(f.window->isVisible(), name);
+        QVERIFY2(f.slot(0).fileName == "van.wag", name);
+        QVERIFY2(f.state->consist.consistChanged, name);
+        QVERIFY2(f.window->windowTitle().contains('*'), name);
+    }
+    QCOMPARE(f.state->catalogue.wagonCount, std::size_t(4));  // not read again
+}
+
+void MainWindow::aSaveThatFailsOnExitKeepsTheWindowOpen() {
+    MainWindowFixture f;
+    std::filesystem::create_directories(f.msts.consists());
+    f.addWagon("van.wag");
+    f.window->Text2[0]->setText("Kept");
+    f.state->consist.header.fileName = "Kept";
+    f.fake.fs.failAfterBytes = 10;  // the disk fills up during the save
+    f.fake.dialogs.answers = {rakeyard::Answer::Yes};
+    f.window->close();
+    QVERIFY(f.window->isVisible());
+    QCOMPARE(f.slot(0).fileName, std::string("van.wag"));
+    QVERIFY(f.state->consist.consistChanged);
+    QVERIFY(!std::filesystem::exists(f.msts.consists() + "/Kept.con"));
+    const auto texts = f.fake.dialogs.texts();
+    QVERIFY(std::any_of(texts.begin(), texts.end(), [](const std::string& text) {
+        return text.find("could not be saved") != std::string::npos;
+    }));
 }
 
 void MainWindow::alwaysShowPictureIsAStoredCheckMark() {

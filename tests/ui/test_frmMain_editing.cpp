@@ -10,6 +10,8 @@
 #include <QPushButton>
 #include <QTest>
 #include <QTimer>
+#include <functional>
+#include <tuple>
 
 #include "core/consist/consist_model.h"
 #include "core/consist/slot_view.h"
@@ -89,6 +91,7 @@ private Q_SLOTS:
     void theTitleMarksUnsavedChangesUntilTheSave();
     void saveAsAsksForTheNameAndLeavesTheOldFile();
     void undoAndRedoTakeBackEditsFromTheEditMenu();
+    void everyKindOfEditIsUndoneAndRedoneExactly();
     void aNameBoxThatIsNoFileNameSavesNothing();
     void endShowsThePageOfTheFirstFreeSlot();
     void fullLastPageTakesNoMoreUnitsVisibly();
@@ -209,7 +212,7 @@ void MainWindowEditing::undoAndRedoTakeBackEditsFromTheEditMenu() {
     QCOMPARE(f.window->mnuUndo->text(), QString("&Undo Add wagon"));
     f.window->Text2[1]->selectAll();
     QTest::keyClicks(f.window->Text2[1], "Vans");
-    QCOMPARE(f.window->mnuUndo->text(), QString("&Undo Edit header"));
+    QCOMPARE(f.window->mnuUndo->text(), QString("&Undo Edit consist name"));
 
     f.window->mnuUndo->trigger();
     QCOMPARE(f.window->Text2[1]->text(), QString());
@@ -225,6 +228,75 @@ void MainWindowEditing::undoAndRedoTakeBackEditsFromTheEditMenu() {
     f.fake.dialogs.answers = {rakeyard::Answer::No};  // Discard
     f.window->mnuNew->trigger();  // the consist is replaced: nothing left to undo
     QVERIFY(!f.window->mnuUndo->isEnabled());
+}
+
+// What an edit may change: the units of the first pages with their side and number, and the
+// header boxes.
+struct ConsistSnapshot {
+    std::vector<std::tuple<std::string, bool, float>> units;
+    QStringList header;
+    bool operator==(const ConsistSnapshot&) const = default;
+};
+
+ConsistSnapshot snapshotOf(const MainWindowFixture& f) {
+    ConsistSnapshot snapshot;
+    for (int i = 0; i < 18; ++i)
+        snapshot.units.emplace_back(f.slot(i).fileName, f.slot(i).flipped, f.slot(i).uid);
+    for (QLineEdit* box : f.window->Text2)
+        snapshot.header << box->text();
+    return snapshot;
+}
+
+void MainWindowEditing::everyKindOfEditIsUndoneAndRedoneExactly() {
+    MainWindowFixture f;
+    std::vector<ConsistSnapshot> states{snapshotOf(f)};
+    std::vector<std::function<void()>> edits = {
+        [&] { f.addEngine("class37.eng"); },
+        [&] { f.addWagon("van.wag"); },
+        [&] { f.addWagon("coal.wag"); },
+        [&] { f.clickSlot(1, {}, Qt::RightButton); },  // flip
+        [&] { QTest::keyClicks(f.window->Text2[1], "Mixed goods"); },
+        [&] { QTest::keyClicks(f.window->Text2[2], "60"); },
+        [&] {
+            f.clickSlot(0);
+            f.window->mnuInsert->trigger();  // paste
+        },
+        [&] {
+            f.window->Text1[0]->selectAll();
+            QTest::keyClicks(f.window->Text1[0], "40");  // a unit's number
+        },
+        [&] { f.window->mnuRenumber->trigger(); },  // the others follow it
+        [&] {
+            f.clickSlot(1, Qt::ShiftModifier);
+            f.window->mnuDelete->trigger();
+        },
+        [&] { QTest::mouseClick(f.window->cmdShift[0], Qt::LeftButton); },
+        [&] {
+            selectWagon(f, "open.wag");
+            QString shown;
+            answerQuantity("2", &shown);
+            f.window->mnuAdd->trigger();  // several
+        },
+        [&] { QTest::mouseDClick(f.window->Picture1[2], Qt::LeftButton); },  // leaves a gap
+        [&] { QTest::mouseClick(f.window->cmdShift[1], Qt::LeftButton); },  // widens it
+    };
+    for (std::size_t i = 0; i < edits.size(); ++i) {
+        edits[i]();
+        states.push_back(snapshotOf(f));
+        QVERIFY2(states.back() != states[states.size() - 2],
+                 qPrintable(QString("edit %1 changed nothing").arg(i)));
+    }
+    for (std::size_t i = states.size() - 1; i > 0; --i) {
+        QVERIFY2(f.window->mnuUndo->isEnabled(), qPrintable(QString("undo %1").arg(i)));
+        f.window->mnuUndo->trigger();
+        QVERIFY2(snapshotOf(f) == states[i - 1], qPrintable(QString("undo to %1").arg(i - 1)));
+    }
+    QVERIFY(!f.window->mnuUndo->isEnabled());
+    for (std::size_t i = 1; i < states.size(); ++i) {
+        f.window->mnuRedo->trigger();
+        QVERIFY2(snapshotOf(f) == states[i], qPrintable(QString("redo to %1").arg(i)));
+    }
+    QVERIFY(!f.window->mnuRedo->isEnabled());
 }
 
 void MainWindowEditing::aNameBoxThatIsNoFileNameSavesNothing() {

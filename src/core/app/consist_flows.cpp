@@ -32,7 +32,6 @@ bool confirmExit(AppState& state, Services& services) {
 }
 
 bool offerSaveOnUnload(AppState& state, Services& services) {
-    if (state.consist.header.fileName.empty()) return true;
     return goesOn(offerToSaveConsist(state, services));
 }
 

@@ -10,8 +10,9 @@ namespace rakeyard {
 // mnuExit: a changed consist is offered for saving first. False, and the program goes on
 // running, when the save failed or was cancelled: unsaved work is never lost on the way out.
 [[nodiscard]] bool confirmExit(AppState& state, Services& services);
-// The main window's close: a changed consist that has a file name is offered for saving. False
-// when the save failed or was cancelled, and the window stays.
+// The main window's close: a changed consist is offered for saving, named or not, as Exit does:
+// closing the window is no way to lose work. False when the save failed or was cancelled, and
+// the window stays.
 [[nodiscard]] bool offerSaveOnUnload(AppState& state, Services& services);
 
 // OK or a double click in the consist chooser on line index: the line is stored as settings.bin's

@@ -11,10 +11,10 @@ using Snapshot = EditHistory::Snapshot;
 Snapshot snapshotOf(const ConsistState& state) {
     Snapshot snapshot;
     snapshot.slots.assign(state.slots.begin(), state.slots.begin() + kUsedSlots);
-    for (ConsistSlot& slot : snapshot.slots) {
+    // Marks stay: a unit marked for deletion has lost its own picture key ("DEL"), and an undone
+    // delete brings it back as it stood, marked.
+    for (ConsistSlot& slot : snapshot.slots)
         slot.imageKey = unselectedKey(slot.imageKey);
-        slot.markedForDelete = false;
-    }
     snapshot.header = state.header;
     snapshot.totals = state.totals;
     snapshot.calculatedMaxVelocity = state.calculatedMaxVelocity;
@@ -23,7 +23,8 @@ Snapshot snapshotOf(const ConsistState& state) {
     return snapshot;
 }
 
-// The same units in the same order with the same fields, whatever is selected or marked.
+// The same units in the same order with the same fields, whatever is selected or marked: a
+// mark is no edit of its own.
 bool sameConsist(const Snapshot& a, const Snapshot& b) {
     if (!(a.header == b.header)) return false;
     for (std::size_t i = 0; i < a.slots.size(); ++i) {
@@ -31,7 +32,8 @@ bool sameConsist(const Snapshot& a, const Snapshot& b) {
         const ConsistSlot& y = b.slots[i];
         if (x.fileName != y.fileName || x.folderPath != y.folderPath ||
             x.displayName != y.displayName || x.uid != y.uid || x.flipped != y.flipped ||
-            x.position != y.position || x.imageKey != y.imageKey)
+            x.position != y.position ||
+            (x.imageKey != y.imageKey && x.imageKey != "DEL" && y.imageKey != "DEL"))
             return false;
     }
     return true;

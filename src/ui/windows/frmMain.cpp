@@ -271,7 +271,9 @@ void frmMain::Picture1_FocusStep(int index, int step) {
 
 void frmMain::Text1_Change(int index) {
     if (updatingControls_) return;
-    state_.history.begin("Change UiD", state_.consist);
+    // Typing into one box is one step; another box starts another.
+    const int unit = state_.consist.currentPage * 6 + index + 1;
+    state_.history.begin("Change UiD of unit " + std::to_string(unit), state_.consist);
     runGuarded(services_.dialogs, [&] {
         rakeyard::markConsistChanged(state_.consist);
         rakeyard::setUnitUid(state_.consist, services_.dialogs, index,
@@ -284,7 +286,9 @@ void frmMain::Text1_Change(int index) {
 
 void frmMain::Text2_Change(int index) {
     if (updatingControls_) return;
-    state_.history.begin("Edit header", state_.consist);
+    static constexpr const char* kBoxes[] = {"file name", "consist name", "max velocity",
+                                             "durability", "serial"};
+    state_.history.begin(std::string("Edit ") + kBoxes[index], state_.consist);
     rakeyard::markConsistChanged(state_.consist);
     state_.consist.header.box(index) = stdString(Text2[index]->text());
     state_.history.commit(state_.consist, true);

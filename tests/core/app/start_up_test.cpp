@@ -244,10 +244,11 @@ protected:
     std::unique_ptr<AppState> state = std::make_unique<AppState>();
 };
 
-TEST_F(ExitQuestions, UnnamedChangedConsistAsksOnExitButNotOnUnload) {
+TEST_F(ExitQuestions, UnnamedChangedConsistAsksOnExitAndOnTheCloseButton) {
     state->consist.consistChanged = true;
-    EXPECT_TRUE(offerSaveOnUnload(*state, fake.services));
-    EXPECT_TRUE(fake.dialogs.shown.empty());
+    EXPECT_FALSE(offerSaveOnUnload(*state, fake.services)) << "Cancel keeps the window";
+    ASSERT_EQ(fake.dialogs.texts(), std::vector<std::string>{"Save changes to the consist?"});
+    fake.dialogs.shown.clear();
 
     fake.dialogs.answers = {Answer::Yes};
     // The save refuses the empty consist; with no file name the program keeps running.

@@ -53,6 +53,27 @@ TEST_F(EditHistoryTest, UndoAndRedoRestoreTheExactSlotsAndHeader) {
     EXPECT_FALSE(history.canRedo());
 }
 
+// Marking a unit for deletion is no step; undoing the delete brings the units back, marked as
+// they stood when the delete was asked for.
+TEST_F(EditHistoryTest, AMarkIsNoStepAndAnUndoneDeleteKeepsTheMark) {
+    edit("Add wagon", [&] { addWagonOfLine(*app, "^Box.wag"); });
+    edit("Add engine", [&] { addEngineOfLine(*app, "^GP38.eng"); });
+    edit("Flip unit", [&] {  // a Shift+click, as the window wraps every press
+        pressSlot(state(), 0, SlotButton::Left, kShiftKey);
+        clickSlot(state(), 0);
+    });
+    EXPECT_EQ(history.undoLabel(), "Add engine");
+    fake.dialogs.answers = {Answer::No};  // the gap stays
+    edit("Delete units", [&] { deleteMarkedUnits(state(), fake.dialogs); });
+    EXPECT_EQ(files(), (std::vector<std::string>{"", "GP38.eng", "", "", "", ""}));
+
+    ASSERT_TRUE(history.undo(state()));
+    EXPECT_EQ(files(), (std::vector<std::string>{"Box.wag", "GP38.eng", "", "", "", ""}));
+    EXPECT_TRUE(slot(0).markedForDelete);
+    EXPECT_EQ(slot(0).imageKey, "DEL");
+    EXPECT_EQ(history.undoLabel(), "Add engine");
+}
+
 TEST_F(EditHistoryTest, SelectionIsNoEditANewEditDropsRedoAndStepsAreBounded) {
     edit("Add wagon", [&] { addWagonOfLine(*app, "^Box.wag"); });
     edit("Select", [&] { pressSlot(state(), 0, SlotButton::Left, 0); });
