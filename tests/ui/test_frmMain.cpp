@@ -27,6 +27,7 @@ private Q_SLOTS:
     void listsShowTheCatalogueWithCounts();
     void searchBoxNarrowsSixThousandEnginesAsOneTypes();
     void headerClickSortsAColumnAndKeepsTheLines();
+    void listLinesKeepTheirActionsWhateverTheOrder();
     void doubleClickWithUnitThreeSelectedPutsTheNewUnitInSlotThree();
     void pasteAppendsTheClickedUnitsInClickOrder();
     void deleteRemovesOnlyTheShiftClickedSlots();
@@ -186,6 +187,35 @@ void MainWindow::headerClickSortsAColumnAndKeepsTheLines() {
     f.window->wagList->sortAsLines();
     QVERIFY(f.window->wagList->lineOfRow(0).startsWith("Brake coach"));
     QVERIFY(f.window->wagList->lineOfRow(3).startsWith("Open coach"));
+}
+
+// Sorted by a column and narrowed by a search, a line still stands for its own unit: double
+// click adds it, Ctrl+click opens its file, Delete offers its folder to the trash.
+void MainWindow::listLinesKeepTheirActionsWhateverTheOrder() {
+    MainWindowFixture f;
+    f.state->paths.editorPath = "/usr/bin/gedit";
+    auto* list = f.window->wagList;
+    list->sortByColumn(3, Qt::DescendingOrder);  // by file: van, open, coal, brake
+    QVERIFY(list->lineOfRow(0).endsWith("^van.wag"));
+    QTest::keyClicks(f.window->txtWagSearch, "coaches");
+    QCOMPARE(list->count(), 2);
+    QVERIFY(list->lineOfRow(0).endsWith("^open.wag"));
+
+    f.addWagon("brake.wag");
+    QCOMPARE(f.slot(0).fileName, std::string("brake.wag"));
+
+    const QPoint first = list->visualRowRect(0).center();
+    QTest::mouseClick(list->viewport(), Qt::LeftButton, Qt::ControlModifier, first);
+    QCOMPARE(f.fake.desktop.started.size(), std::size_t(1));
+    QVERIFY(f.fake.desktop.started[0].ends_with("open.wag"));
+
+    std::filesystem::create_directories(f.msts.trainset() + "/COACHES");
+    f.fake.dialogs.answers = {rakeyard::Answer::No};
+    list->setCurrentRow(0);
+    QTest::keyClick(list, Qt::Key_Delete);
+    QVERIFY(f.fake.dialogs.shown.back().question);
+    QVERIFY(f.fake.dialogs.shown.back().text.find("COACHES") != std::string::npos);
+    QVERIFY(f.fake.desktop.trashed.empty());
 }
 
 void MainWindow::doubleClickWithUnitThreeSelectedPutsTheNewUnitInSlotThree() {

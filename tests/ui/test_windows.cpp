@@ -161,6 +161,16 @@ void Windows::pathWindowButtonsRunEachWindowsOwnSteps() {
     QVERIFY(mstsPath.endProgram());
     QCOMPARE(mstsPath.result(), int(QDialog::Rejected));
 
+    // A folder without TRAINS/TRAINSET is refused in the window: nothing is stored.
+    ui::frmPath wrongFolder(*state, fake.services);
+    wrongFolder.chooser->Text1->setText(QString::fromStdString(msts.home()));
+    QTest::mouseClick(wrongFolder.Command1, Qt::LeftButton);
+    QCOMPARE(wrongFolder.result(), int(QDialog::Rejected));
+    QCOMPARE(fake.dialogs.shown.size(), std::size_t(1));
+    QVERIFY(!msts.exists("home/settings.bin"));
+    QVERIFY(state->paths.mstsPath.empty());
+    fake.dialogs.shown.clear();
+
     // The editor must be a file; OK stays open until it is one.
     const std::string editor = msts.writeProgram("myeditor");
     ui::frmEditor editorWindow(*state, fake.services);
