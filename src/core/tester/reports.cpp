@@ -130,6 +130,15 @@ void deleteAllReports(const PathGlobals& paths, FileSystem& fs) {
         removeReport(paths, fs, name);
 }
 
+void reportError(TestRun& run, const TestContext& context, std::string_view mark,
+                 std::string_view message, ErrorCategory category, ErrorLevel level) {
+    ++run.counts.errorCount;
+    run.errorsFound = true;
+    const std::string record = std::string(mark) + "\r\n" + std::string(message);
+    writeErrorByType(run, context.paths, context.services.fs, record, static_cast<int>(category));
+    ++run.counts.levels[static_cast<std::size_t>(level)];
+}
+
 std::optional<std::string> reportOfKind(std::string_view testMode, int kind) {
     const std::string_view family = familyOf(testMode);
     if (family.empty() || kind < 0 || kind > 6) return std::nullopt;

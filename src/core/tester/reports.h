@@ -6,7 +6,7 @@
 
 #include "core/platform/file_system.h"
 #include "core/settings/settings_record.h"
-#include "core/tester/test_run.h"
+#include "core/tester/test_state.h"
 
 namespace rakeyard {
 
@@ -36,6 +36,10 @@ void deleteSectionReports(const PathGlobals& paths, FileSystem& fs, TestSection 
 // Whether any of the eighteen engine, wagon and consist reports is there (the activity
 // reports are not looked at): the "Del Reports" button is lit by it.
 [[nodiscard]] bool anyReportExists(const PathGlobals& paths, FileSystem& fs);
+// One finding: counted, written to its report, counted by level. Every test reports so.
+void reportError(TestRun& run, const TestContext& context, std::string_view mark,
+                 std::string_view message, ErrorCategory category, ErrorLevel level);
+
 // "Del Reports": deletes those eighteen.
 void deleteAllReports(const PathGlobals& paths, FileSystem& fs);
 

@@ -140,15 +140,6 @@ void stopTests(TestRun& run, const TestContext& context, std::string_view filter
     run.stopRequested = true;
 }
 
-void reportError(TestRun& run, const TestContext& context, std::string_view mark,
-                 std::string_view message, ErrorCategory category, ErrorLevel level) {
-    ++run.counts.errorCount;
-    run.errorsFound = true;
-    const std::string record = std::string(mark) + "\r\n" + std::string(message);
-    writeErrorByType(run, context.paths, context.services.fs, record, static_cast<int>(category));
-    ++run.counts.levels[static_cast<std::size_t>(level)];
-}
-
 void checkDuplicates(TestRun& run, const TestContext& context) {
     run.stopRequested = false;
     const auto records = recordsOf(context, *run.section);

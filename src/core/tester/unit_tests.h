@@ -3,7 +3,7 @@
 #include <string>
 #include <string_view>
 
-#include "core/tester/test_run.h"
+#include "core/tester/test_state.h"
 
 namespace rakeyard {
 
