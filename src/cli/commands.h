@@ -21,6 +21,7 @@ int runCatalogueWagons(CliContext& context, CommandArguments& arguments);
 int runConsistShow(CliContext& context, CommandArguments& arguments);
 int runConsistCopy(CliContext& context, CommandArguments& arguments);
 int runConsistNew(CliContext& context, CommandArguments& arguments);
+int runTestEngines(CliContext& context, CommandArguments& arguments);
 
 // Reports a usage error of a command and returns kExitUsage.
 int usageError(CliContext& context, std::string_view text);
