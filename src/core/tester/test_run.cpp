@@ -6,6 +6,7 @@
 #include "core/msts/unit_list.h"
 #include "core/platform/paths.h"
 #include "core/platform/text_utf.h"
+#include "core/settings/shell_helpers.h"
 #include "core/tester/reports.h"
 #include "core/tester/unit_tests.h"
 
@@ -138,6 +139,24 @@ bool runTests(TestRun& run, const TestContext& context) {
 void stopTests(TestRun& run, const TestContext& context, std::string_view filter) {
     if (run.section) (void)fillSection(run, context, *run.section, filter);
     run.stopRequested = true;
+}
+
+void openTestRowInEditor(const TestContext& context, std::string_view row) {
+    if (context.paths.editorPath.empty()) {
+        context.services.dialogs.report(
+            "Please select \"Options\" from the menu and choose a text editor program.",
+            Icon::Exclamation);
+        return;
+    }
+    const std::string name = upperAscii(trimBlanks(row.substr(0, row.rfind('^'))));
+    for (UnitClass which : {UnitClass::Engine, UnitClass::Wagon}) {
+        for (const UnitRecord& unit : usedRecords(context.catalogue, which)) {
+            if (upperAscii(unit.displayName) != name) continue;
+            (void)startTextEditor(context.paths, joinPath(unit.folderPath, unit.fileName),
+                                  context.services);
+            return;
+        }
+    }
 }
 
 void checkDuplicates(TestRun& run, const TestContext& context) {

@@ -32,6 +32,10 @@ bool runTests(TestRun& run, const TestContext& context);
 // unit under test; a running duplicate check ends too.
 void stopTests(TestRun& run, const TestContext& context, std::string_view filter);
 
+// Ctrl+click on a row: the unit whose display name the row's text begins with, looked for
+// among the engines and then the wagons, opens in the text editor.
+void openTestRowInEditor(const TestContext& context, std::string_view row);
+
 // The duplicate check over the section's whole catalogue: every pair of units with the same
 // file name (case counts), in the order of a walk over the pairs, one block each in the
 // section's duplicates report, written at once.
