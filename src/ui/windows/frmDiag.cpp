@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QCheckBox>
 #include <QCloseEvent>
+#include <QFontDatabase>
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
@@ -66,6 +67,8 @@ frmDiag::frmDiag(AppState& state, Services& services, QWidget* parent)
     diagList = named(new QListView(this), "diagList");
     diagList->setModel(rows_);
     diagList->setUniformItemSizes(true);
+    // A row is the name, forty blanks and the file: in even letters the files stand in line.
+    diagList->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
     diagList->setEditTriggers(QAbstractItemView::NoEditTriggers);
     diagList->setSelectionMode(QAbstractItemView::MultiSelection);
     diagList->viewport()->installEventFilter(this);
