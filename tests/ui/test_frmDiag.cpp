@@ -118,13 +118,17 @@ void TesterWindowTest::stopEndsTheWalkAfterTheUnitUnderTest() {
     window.show();
     QTest::mouseClick(window.Command1[0], Qt::LeftButton);
     QTest::mouseClick(window.cmdCheckAll, Qt::LeftButton);
+    // Stop is pressed as soon as the window shows a unit's findings.
     bool stopped = false;
-    QTimer::singleShot(100, &window, [&] {
+    QTimer poll;
+    QObject::connect(&poll, &QTimer::timeout, &window, [&] {
+        if (stopped || window.Label4->text().toInt() < 2) return;
         QVERIFY(window.cmdStop->isVisible());
         QVERIFY(!window.cmdExit->isEnabled());
         QTest::mouseClick(window.cmdStop, Qt::LeftButton);
         stopped = true;
     });
+    poll.start(1);
     QTest::mouseClick(window.cmdTest, Qt::LeftButton);
     QVERIFY(stopped);
     const long long tested = window.run().counts.errorCount / 2;
