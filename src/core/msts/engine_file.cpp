@@ -88,12 +88,11 @@ bool hasCabView(const WorkingText& text) {
     return close != 0 && findLastUpTo(text.upper(), u".CVF", close) != 0;
 }
 
-bool readEngineText(std::optional<std::string_view> bytes, FileSteps& steps) {
-    MstsText decoded;
+bool readEngineText(std::optional<std::string_view> bytes, FileSteps& steps, UnitText& decoded) {
     if (!prepareText(bytes, steps, true, "The file " + steps.file + " isn't a Unicode file!",
                      decoded))
         return false;
-    WorkingText text(std::move(decoded));
+    WorkingText text(decoded);
     if (!readWagonLine(text, steps,
                        "Cannot locate the line \"Wagon (\" in the file " + steps.file +
                            " and so it couldn't be added to the engines list.",
@@ -119,11 +118,12 @@ bool readEngineText(std::optional<std::string_view> bytes, FileSteps& steps) {
 }  // namespace
 
 UnitFileResult readEngineFile(std::optional<std::string_view> bytes, const std::string& file,
-                              const std::string& folderPath, bool withPassTitles) {
+                              const std::string& folderPath, bool withPassTitles,
+                              UnitText& buffers) {
     UnitFileResult result;
     FileSteps steps(file, folderPath, kEngineWords, result, withPassTitles);
     try {
-        result.accepted = readEngineText(bytes, steps);
+        result.accepted = readEngineText(bytes, steps, buffers);
     } catch (const std::exception&) {
         // Only a file too big for memory gets here.
         result.accepted = false;

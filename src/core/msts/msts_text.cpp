@@ -80,21 +80,24 @@ std::string encodeMstsText(std::u16string_view text) {
 }
 
 MstsText decodeMstsText(std::string_view bytes) {
+    MstsText text;
+    decodeMstsText(bytes, text);
+    return text;
+}
+
+void decodeMstsText(std::string_view bytes, MstsText& text) {
     const std::size_t units = bytes.size() / 2;
-    const auto unitAt = [&](std::size_t i) {
-        return static_cast<char16_t>(static_cast<unsigned char>(bytes[2 * i]) |
-                                     (static_cast<unsigned char>(bytes[2 * i + 1]) << 8));
-    };
+    const auto* data = reinterpret_cast<const unsigned char*>(bytes.data());
     // A CR becomes CR LF, whose LF then becomes CR LF: three characters; a lone LF two.
     std::size_t length = units;
     for (std::size_t i = 0; i < units; ++i) {
-        const char16_t c = unitAt(i);
-        length += (c == u'\r') * 2 + (c == u'\n');
+        const bool highZero = data[2 * i + 1] == 0;
+        length += (highZero & (data[2 * i] == '\r')) * 2 + (highZero & (data[2 * i] == '\n'));
     }
-    MstsText text(length, u' ');
+    text.resize(length);
     char16_t* out = text.data();
     for (std::size_t i = 0; i < units; ++i) {
-        const char16_t c = unitAt(i);
+        const auto c = static_cast<char16_t>(data[2 * i] | (data[2 * i + 1] << 8));
         if (c == u'\r') {
             *out++ = u'\r';
             *out++ = u'\r';
@@ -106,7 +109,6 @@ MstsText decodeMstsText(std::string_view bytes) {
             *out++ = c == u'\t' ? u' ' : c;
         }
     }
-    return text;
 }
 
 MstsText readMstsText(FileSystem& fs, const std::string& path) {

@@ -7,6 +7,7 @@
 #include <optional>
 #include <system_error>
 #include <thread>
+#include <type_traits>
 #include <vector>
 
 namespace rakeyard {
@@ -19,13 +20,25 @@ struct JobOutcome {
     bool ready() const { return result.has_value() || failure != nullptr; }
 };
 
+// What a worker keeps from job to job when the work needs nothing.
+struct NoScratch {};
+
 // Runs work(i) for i = 0 .. count-1 on worker threads and apply(i, result) on the calling
 // thread strictly in order of i, so the outcome is that of a serial run. Workers run at most
 // kWindow results ahead of apply. What work(i) throws is thrown on the calling thread when i's
 // turn comes, as a serial run would; what work or apply throws ends the run (the workers are
-// stopped and joined) and goes on to the caller.
-template <typename Result, typename Work, typename Apply, std::size_t kWindow = 64>
+// stopped and joined) and goes on to the caller. With a Scratch type, each worker makes one and
+// work is called as work(i, scratch), so buffers can be reused from job to job.
+template <typename Result, typename Scratch = NoScratch, typename Work, typename Apply,
+          std::size_t kWindow = 64>
 void forEachInOrder(std::size_t count, unsigned workers, Work work, Apply apply) {
+    const auto doJob = [&work](std::size_t job, Scratch& scratch) {
+        if constexpr (std::is_invocable_v<Work&, std::size_t, Scratch&>) {
+            return work(job, scratch);
+        } else {
+            return work(job);
+        }
+    };
     constexpr std::size_t kChunk = kWindow < 8 ? 1 : 8;  // jobs a worker takes at once
     std::vector<JobOutcome<Result>> slots(kWindow);
     std::mutex mutex;
@@ -35,6 +48,7 @@ void forEachInOrder(std::size_t count, unsigned workers, Work work, Apply apply)
     bool stopping = false;
 
     const auto workerLoop = [&] {
+        Scratch scratch;
         for (;;) {
             std::unique_lock lock(mutex);
             changed.wait(
@@ -47,7 +61,7 @@ void forEachInOrder(std::size_t count, unsigned workers, Work work, Apply apply)
             std::vector<JobOutcome<Result>> outcomes(last - first);
             for (std::size_t job = first; job < last; ++job) {
                 try {
-                    outcomes[job - first].result.emplace(work(job));
+                    outcomes[job - first].result.emplace(doJob(job, scratch));
                 } catch (...) {
                     outcomes[job - first].failure = std::current_exception();
                 }
@@ -78,8 +92,9 @@ void forEachInOrder(std::size_t count, unsigned workers, Work work, Apply apply)
     };
 
     if (threads.empty()) {
+        Scratch scratch;
         for (std::size_t i = 0; i < count; ++i) {
-            Result result = work(i);
+            Result result = doJob(i, scratch);
             apply(i, result);
         }
         return;

@@ -14,19 +14,32 @@ namespace {
 
 constexpr std::u16string_view kComment = u"COMMENT";
 
-// 0-based starts of "COMMENT" in any letter case. The word cannot overlap itself.
+// True when c is the ASCII letter given in lower case, in either case.
+bool isLetter(char16_t c, char16_t lower) {
+    return (c | 0x20) == lower;
+}
+
+// 0-based starts of "COMMENT" in any letter case, found without an upper-cased copy. The word
+// cannot overlap itself.
 std::vector<std::size_t> commentWords(std::u16string_view text) {
     std::vector<std::size_t> found;
-    const MstsText upper = upperText(text);
-    for (std::size_t at = findFrom(upper, kComment); at != 0;
-         at = findFrom(upper, kComment, at + kComment.size()))
-        found.push_back(at - 1);
+    constexpr std::u16string_view kRest = u"omment";
+    for (std::size_t i = 0; i + kComment.size() <= text.size(); ++i) {
+        if (!isLetter(text[i], u'c')) continue;
+        std::size_t k = 0;
+        while (k < kRest.size() && isLetter(text[i + 1 + k], kRest[k]))
+            ++k;
+        if (k < kRest.size()) continue;
+        found.push_back(i);
+        i += kRest.size();
+    }
     return found;
 }
 
 // The text as the comment pass sees it while it works: the original text with ranges cut out,
 // each of which now stands as one blank. Replacing a piece everywhere in a long text would
-// otherwise copy the text once per comment; here the text is built once at the end.
+// otherwise copy the text once per comment; here the pass only finds the ranges, and the text
+// is cut once at the end.
 //
 // Every piece starts with a "Comment" word and ends at the first ")" behind it (or, with none
 // left, the first LF), and no cut creates a new word (the blank is no part of one). So the
@@ -34,10 +47,11 @@ std::vector<std::size_t> commentWords(std::u16string_view text) {
 // word's own piece: an occurrence of a piece can only be a word whose own piece equals it.
 class CommentPass {
 public:
-    explicit CommentPass(std::u16string_view text) : text_(text), words_(commentWords(text)) {}
+    CommentPass(std::u16string_view text, std::vector<std::size_t> words)
+        : text_(text), words_(std::move(words)) {}
 
-    bool hasWords() const { return !words_.empty(); }
-    MstsText run();
+    // The ranges to cut, each to stand as one blank: first -> last, 0-based, inclusive.
+    const std::map<std::size_t, std::size_t>& run();
 
 private:
     // A reader of the current text from a 0-based position that is no part of a cut.
@@ -181,7 +195,7 @@ std::vector<std::size_t> CommentPass::candidates(std::size_t from,
     return found;
 }
 
-MstsText CommentPass::run() {
+const std::map<std::size_t, std::size_t>& CommentPass::run() {
     dead_.assign(words_.size(), 0);
     if (words_.size() > kFewWords) indexOwnPieces();
     for (std::size_t i = 0; i < words_.size(); ++i) {
@@ -202,37 +216,78 @@ MstsText CommentPass::run() {
             searchFrom = end + 1;
         }
     }
-    MstsText out;
-    out.reserve(text_.size());
-    for (Cursor c(*this, 0); !c.atEnd(); c.advance())
-        out += c.get();
-    return out;
+    return cuts_;
 }
 
-void removeComments(MstsText& text) {
-    CommentPass pass(text);
-    if (pass.hasWords()) text = pass.run();
-}
+using Cut = std::pair<std::size_t, std::size_t>;  // first, last: 0-based, inclusive
 
-void replaceEach(MstsText& text, std::u16string_view word) {
-    std::size_t at = findFrom(text, word);
-    if (at == 0) return;
-    MstsText out;
-    out.reserve(text.size());
-    std::size_t from = 0;
-    for (; at != 0; at = findFrom(text, word, from + 1)) {
-        out.append(text, from, at - 1 - from);
-        out += u' ';
-        from = at - 1 + word.size();
+// The special coupling words, every "CouplingUniqueType" and then every
+// "CouplingHasRigidConnection", as cuts beside those of the comments. Neither word overlaps
+// itself or the other, and a cut leaves a blank that no word spans, so they are the words of
+// the text as it stands that no comment cut touches, and all can be found in one scan.
+void addCouplingWordCuts(std::u16string_view text, std::vector<Cut>& cuts) {
+    constexpr std::u16string_view kStem = u"Coupling";
+    const std::size_t commentCuts = cuts.size();
+    for (std::size_t at = findFrom(text, kStem); at != 0; at = findFrom(text, kStem, at + 1)) {
+        const std::u16string_view rest = text.substr(at - 1);
+        std::size_t length = 0;
+        if (rest.starts_with(u"CouplingUniqueType")) length = 18;
+        if (rest.starts_with(u"CouplingHasRigidConnection")) length = 26;
+        if (length == 0) continue;
+        const Cut word{at - 1, at + length - 2};
+        const auto after =
+            std::upper_bound(cuts.begin(), cuts.begin() + commentCuts, word,
+                             [](const Cut& a, const Cut& b) { return a.first < b.first; });
+        const bool touched = (after != cuts.begin() + commentCuts && after->first <= word.second) ||
+                             (after != cuts.begin() && std::prev(after)->second >= word.first);
+        if (!touched) cuts.push_back(word);
     }
-    out.append(text, from);
-    text = std::move(out);
+    std::inplace_merge(cuts.begin(), cuts.begin() + commentCuts, cuts.end());
 }
 
-void cutDescriptionOff(MstsText& text) {
-    std::size_t at = text.rfind(u"Description (");
-    if (at == MstsText::npos) at = text.rfind(u"Description ");
-    if (at != MstsText::npos) text.resize(at);
+// Cuts the ranges out of the text, each to stand as one blank, and makes the upper-cased twin.
+void applyCuts(const std::vector<Cut>& cuts, MstsText& text, MstsText& upper) {
+    std::size_t out = 0;
+    std::size_t from = 0;
+    for (const Cut& cut : cuts) {
+        std::copy(text.begin() + from, text.begin() + cut.first, text.begin() + out);
+        out += cut.first - from;
+        text[out++] = u' ';
+        from = cut.second + 1;
+    }
+    std::copy(text.begin() + from, text.end(), text.begin() + out);
+    text.resize(out + text.size() - from);
+    upper.resize(text.size());
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        const char16_t c = text[i];
+        upper[i] = c >= u'a' && c <= u'z' ? char16_t(c - u'a' + u'A') : c;
+    }
+}
+
+// The character at which the description begins: the last "Description (", else the last
+// "Description ", as they stand once decoded (a tab becomes the blank); the number of
+// characters when there is neither. Found in the bytes, so that the description is never
+// decoded.
+std::size_t descriptionStart(std::string_view bytes) {
+    constexpr std::u16string_view kWord = u"Description";
+    const std::size_t units = bytes.size() / 2;
+    const auto at = [&](std::size_t i) {
+        return static_cast<char16_t>(static_cast<unsigned char>(bytes[2 * i]) |
+                                     (static_cast<unsigned char>(bytes[2 * i + 1]) << 8));
+    };
+    std::size_t lastWithBlank = units;
+    for (std::size_t i = units; i-- > 0;) {
+        if (bytes[2 * i] != 'D' || bytes[2 * i + 1] != 0 || i + kWord.size() >= units) continue;
+        std::size_t k = 1;
+        while (k < kWord.size() && at(i + k) == kWord[k])
+            ++k;
+        if (k < kWord.size()) continue;
+        const char16_t next = at(i + kWord.size());
+        if (next != u' ' && next != u'\t') continue;
+        if (i + kWord.size() + 1 < units && at(i + kWord.size() + 1) == u'(') return i;
+        if (lastWithBlank == units) lastWithBlank = i;
+    }
+    return lastWithBlank;
 }
 
 void showPass(Progress* debug, const StripTitles* titles, std::string_view StripTitles::*title) {
@@ -241,17 +296,24 @@ void showPass(Progress* debug, const StripTitles* titles, std::string_view Strip
 
 }  // namespace
 
-void stripUnitText(MstsText& text, bool cutDescription, const StripTitles* titles,
-                   Progress* debug) {
+void stripUnitText(std::string_view bytes, bool cutDescription, UnitText& text,
+                   const StripTitles* titles, Progress* debug) {
     if (cutDescription) {
         showPass(debug, titles, &StripTitles::description);
-        cutDescriptionOff(text);
+        bytes = bytes.substr(0, 2 * descriptionStart(bytes));
     }
+    decodeMstsText(bytes, text.text_);
     showPass(debug, titles, &StripTitles::comments);
-    removeComments(text);
+    std::vector<Cut> cuts;
+    const std::vector<std::size_t> words = commentWords(text.text_);
+    if (!words.empty()) {
+        CommentPass pass(text.text_, words);
+        const auto& commentCuts = pass.run();
+        cuts.assign(commentCuts.begin(), commentCuts.end());
+    }
     showPass(debug, titles, &StripTitles::couplings);
-    replaceEach(text, u"CouplingUniqueType");
-    replaceEach(text, u"CouplingHasRigidConnection");
+    addCouplingWordCuts(text.text_, cuts);
+    applyCuts(cuts, text.text_, text.upper_);
 }
 
 }  // namespace rakeyard

@@ -42,8 +42,6 @@ std::string nameFromFileName(const std::string& file) {
 
 }  // namespace
 
-WorkingText::WorkingText(MstsText text) : text_(std::move(text)), upper_(upperText(text_)) {}
-
 void WorkingText::cutThrough(std::size_t pos) {
     offset_ += std::min(pos, text_.size() - offset_);
 }
@@ -62,7 +60,7 @@ std::string FileSteps::errorOnLine(std::string_view key) const {
 }
 
 bool prepareText(std::optional<std::string_view> bytes, FileSteps& steps, bool cutDescription,
-                 std::string_view notUnicode, MstsText& text) {
+                 std::string_view notUnicode, UnitText& text) {
     if (!bytes) {
         steps.log("The file " + steps.file + " couldn't be read.");
         return false;
@@ -71,14 +69,13 @@ bool prepareText(std::optional<std::string_view> bytes, FileSteps& steps, bool c
         steps.log(std::string(notUnicode));
         return false;
     }
-    text = decodeMstsText(*bytes);
     const std::string description = "Removing DESCRIPTION" + std::string(steps.words.titleEnd);
     const std::string comments = "Removing COMMENTS" + std::string(steps.words.titleEnd);
     const std::string couplings =
         "Removing special coupling types" + std::string(steps.words.titleEnd);
     const StripTitles titles{description, comments, couplings};
     TitleCollector collector(steps);
-    stripUnitText(text, cutDescription, &titles, steps.withPassTitles() ? &collector : nullptr);
+    text.strip(*bytes, cutDescription, &titles, steps.withPassTitles() ? &collector : nullptr);
     return true;
 }
 

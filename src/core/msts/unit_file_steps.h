@@ -14,15 +14,15 @@ inline constexpr std::string_view kCrLf = "\r\n";
 // what is left.
 class WorkingText {
 public:
-    explicit WorkingText(MstsText text);
-    std::u16string_view text() const { return std::u16string_view(text_).substr(offset_); }
-    std::u16string_view upper() const { return std::u16string_view(upper_).substr(offset_); }
+    explicit WorkingText(const UnitText& text) : text_(text.text()), upper_(text.upper()) {}
+    std::u16string_view text() const { return text_.substr(offset_); }
+    std::u16string_view upper() const { return upper_.substr(offset_); }
     // Drops everything up to and including the 1-based pos; 0 drops nothing.
     void cutThrough(std::size_t pos);
 
 private:
-    MstsText text_;
-    MstsText upper_;
+    std::u16string_view text_;
+    std::u16string_view upper_;
     std::size_t offset_ = 0;
 };
 
@@ -64,10 +64,10 @@ private:
     bool withPassTitles_;
 };
 
-// Checks, decodes and strips the bytes; notUnicode is the finding when the file is unreadable
-// or not in Unicode. False when the file goes no further.
+// Checks, decodes and strips the bytes into text; notUnicode is the finding when the file is
+// not in Unicode. False when the file goes no further.
 [[nodiscard]] bool prepareText(std::optional<std::string_view> bytes, FileSteps& steps,
-                               bool cutDescription, std::string_view notUnicode, MstsText& text);
+                               bool cutDescription, std::string_view notUnicode, UnitText& text);
 
 // The "Wagon (" line: its name must be the file's name. Begins the record on success.
 [[nodiscard]] bool readWagonLine(WorkingText& text, FileSteps& steps, std::string_view notFound,

@@ -49,13 +49,12 @@ bool readWagonType(const WorkingText& text, FileSteps& steps) {
     return true;
 }
 
-bool readWagonText(std::optional<std::string_view> bytes, FileSteps& steps) {
-    MstsText decoded;
+bool readWagonText(std::optional<std::string_view> bytes, FileSteps& steps, UnitText& decoded) {
     // Descriptions stay: a word in one can be found by the searches below.
     if (!prepareText(bytes, steps, false, "The file " + steps.file + " isn't an Unicode file!",
                      decoded))
         return false;
-    WorkingText text(std::move(decoded));
+    WorkingText text(decoded);
     if (!readWagonLine(text, steps,
                        "Cannot locate the line \"Wagon (\" in the file " + steps.file +
                            "and so it couldn't be added to the wagons list.",
@@ -70,11 +69,12 @@ bool readWagonText(std::optional<std::string_view> bytes, FileSteps& steps) {
 }  // namespace
 
 UnitFileResult readWagonFile(std::optional<std::string_view> bytes, const std::string& file,
-                             const std::string& folderPath, bool withPassTitles) {
+                             const std::string& folderPath, bool withPassTitles,
+                             UnitText& buffers) {
     UnitFileResult result;
     FileSteps steps(file, folderPath, kWagonWords, result, withPassTitles);
     try {
-        result.accepted = readWagonText(bytes, steps);
+        result.accepted = readWagonText(bytes, steps, buffers);
     } catch (const std::exception&) {
         // Only a file too big for memory gets here.
         result.accepted = false;
