@@ -81,9 +81,10 @@ void readUnitFiles(const UnitKind& kind, const PathGlobals& paths, std::span<Uni
     for (UnitRecord& record : records)
         record = UnitRecord{};
     count = 0;
+    const unsigned workers = workerThreads == 0 ? defaultWorkerCount() : workerThreads;
     const std::vector<TrainsetFile> listing = listTrainsetFiles(
         paths, services, kind.loadingLabel,
-        [&](std::string_view name) { return hasExtension(name, kind.extension); });
+        [&](std::string_view name) { return hasExtension(name, kind.extension); }, workers);
     if (listing.size() > kind.loadLimit) {
         services.dialogs.report(
             std::to_string(listing.size()) + " " + std::string(kind.plural) +
@@ -132,8 +133,7 @@ void readUnitFiles(const UnitKind& kind, const PathGlobals& paths, std::span<Uni
         if (result.recordBegun) records[next] = std::move(result.record);
         if (result.accepted) ++next;
     };
-    forEachInOrder<UnitFileResult, WorkerBuffers>(
-        listing.size(), workerThreads == 0 ? defaultWorkerCount() : workerThreads, readOne, store);
+    forEachInOrder<UnitFileResult, WorkerBuffers>(listing.size(), workers, readOne, store);
     count = next;
     if (errorsFound) offerToKeepStartErrors(paths, kind, reportWhole, services);
 }

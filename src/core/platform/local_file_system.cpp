@@ -293,7 +293,9 @@ std::string LocalFileSystem::resolve(const std::string& path) {
 // Listings come from the cache that path resolution keeps, so a folder listed twice (as both
 // catalogue readers do) is read from the disk once while it is unchanged.
 std::vector<DirEntry> LocalFileSystem::listFolder(const std::string& folder) {
-    const auto listing = cachedListing(existingPath(folder));
+    // A folder path from a listing is exact: its listing is found with no look on the way.
+    std::shared_ptr<const CachedListing> listing = cachedListing(nativeSeparators(folder));
+    if (!listing) listing = cachedListing(resolve(folder));
     if (!listing) return {};
     std::vector<DirEntry> entries(listing->names.size());
     for (std::size_t i = 0; i < entries.size(); ++i) {
