@@ -23,12 +23,13 @@ struct JobOutcome {
 // What a worker keeps from job to job when the work needs nothing.
 struct NoScratch {};
 
-// Runs work(i) for i = 0 .. count-1 on worker threads and apply(i, result) on the calling
-// thread strictly in order of i, so the outcome is that of a serial run. Workers run at most
-// kWindow results ahead of apply. What work(i) throws is thrown on the calling thread when i's
-// turn comes, as a serial run would; what work or apply throws ends the run (the workers are
-// stopped and joined) and goes on to the caller. With a Scratch type, each worker makes one and
-// work is called as work(i, scratch), so buffers can be reused from job to job.
+// Runs work(i) for i = 0 .. count-1 on worker threads (on the calling thread alone when workers
+// or count is below 2) and apply(i, result) on the calling thread strictly in order of i, so the
+// outcome is that of a serial run. Workers run at most kWindow results ahead of apply. What work(i)
+// throws is thrown on the calling thread when i's turn comes, as a serial run would; what work or
+// apply throws ends the run (the workers are stopped and joined) and goes on to the caller. With a
+// Scratch type, each worker makes one and work is called as work(i, scratch), so buffers can be
+// reused from job to job.
 template <typename Result, typename Scratch = NoScratch, typename Work, typename Apply,
           std::size_t kWindow = 64>
 void forEachInOrder(std::size_t count, unsigned workers, Work work, Apply apply) {
@@ -73,8 +74,10 @@ void forEachInOrder(std::size_t count, unsigned workers, Work work, Apply apply)
         }
     };
 
+    // One worker would only hand its results across: the calling thread does the work itself.
     std::vector<std::thread> threads;
-    for (unsigned i = 0; i < std::min<std::size_t>(workers, count) && count > 1; ++i) {
+    for (unsigned i = 0; i < std::min<std::size_t>(workers, count) && workers > 1 && count > 1;
+         ++i) {
         try {
             threads.emplace_back(workerLoop);
         } catch (const std::system_error&) {
