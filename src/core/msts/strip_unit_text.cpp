@@ -1,245 +1,72 @@
 #include <algorithm>
-#include <cstdint>
-#include <map>
-#include <set>
-#include <unordered_map>
 #include <vector>
 
+#include "core/msts/comment_pass.h"
 #include "core/msts/msts_text.h"
+#include "core/msts/text_scan.h"
 #include "core/platform/progress.h"
 
 namespace rakeyard {
 
 namespace {
 
-constexpr std::u16string_view kComment = u"COMMENT";
-
 // True when c is the ASCII letter given in lower case, in either case.
 bool isLetter(char16_t c, char16_t lower) {
     return (c | 0x20) == lower;
 }
 
-// 0-based starts of "COMMENT" in any letter case, found without an upper-cased copy. The word
-// cannot overlap itself.
-std::vector<std::size_t> commentWords(std::u16string_view text) {
-    std::vector<std::size_t> found;
-    constexpr std::u16string_view kRest = u"omment";
-    for (std::size_t i = 0; i + kComment.size() <= text.size(); ++i) {
-        if (!isLetter(text[i], u'c')) continue;
-        std::size_t k = 0;
-        while (k < kRest.size() && isLetter(text[i + 1 + k], kRest[k]))
-            ++k;
-        if (k < kRest.size()) continue;
-        found.push_back(i);
-        i += kRest.size();
-    }
-    return found;
-}
-
-// The text as the comment pass sees it while it works: the original text with ranges cut out,
-// each of which now stands as one blank. Replacing a piece everywhere in a long text would
-// otherwise copy the text once per comment; here the pass only finds the ranges, and the text
-// is cut once at the end.
-//
-// Every piece starts with a "Comment" word and ends at the first ")" behind it (or, with none
-// left, the first LF), and no cut creates a new word (the blank is no part of one). So the
-// words found at the start are all there ever are, and the piece standing at a word is that
-// word's own piece: an occurrence of a piece can only be a word whose own piece equals it.
-class CommentPass {
-public:
-    CommentPass(std::u16string_view text, std::vector<std::size_t> words)
-        : text_(text), words_(std::move(words)) {}
-
-    // The ranges to cut, each to stand as one blank: first -> last, 0-based, inclusive.
-    const std::map<std::size_t, std::size_t>& run();
-
-private:
-    // A reader of the current text from a 0-based position that is no part of a cut.
-    class Cursor {
-    public:
-        Cursor(const CommentPass& pass, std::size_t pos)
-            : pass_(pass), pos_(pos), next_(pass.cuts_.lower_bound(pos)) {}
-        bool atEnd() const { return pos_ >= pass_.text_.size(); }
-        std::size_t pos() const { return pos_; }
-        char16_t get() const { return atCut() ? u' ' : pass_.text_[pos_]; }
-        void advance() {
-            if (atCut()) {
-                pos_ = next_->second + 1;
-                ++next_;
-            } else {
-                ++pos_;
-            }
-        }
-
-    private:
-        bool atCut() const { return next_ != pass_.cuts_.end() && next_->first == pos_; }
-        const CommentPass& pass_;
-        std::size_t pos_;
-        std::map<std::size_t, std::size_t>::const_iterator next_;
-    };
-
-    static constexpr std::size_t kNone = std::u16string_view::npos;
-    // Up to this many words every later word is compared with each piece; beyond it only the
-    // words whose own piece hashes alike, and those whose own piece a cut has changed.
-    static constexpr std::size_t kFewWords = 64;
-
-    std::size_t findAfter(char16_t c, std::size_t pos) const;
-    std::u16string piece(std::size_t first, std::size_t last) const;
-    std::size_t matchEnd(std::size_t pos, std::u16string_view piece) const;
-    void cut(std::size_t first, std::size_t last);
-    void indexOwnPieces();
-    std::uint64_t hashOf(std::u16string_view piece) const;
-    std::vector<std::size_t> candidates(std::size_t from, std::u16string_view piece) const;
-
-    std::u16string_view text_;
-    std::vector<std::size_t> words_;
-    std::vector<char> dead_;                   // per word: a cut covers it
-    std::map<std::size_t, std::size_t> cuts_;  // first -> last, 0-based, inclusive
-    // Only with many words:
-    std::vector<std::size_t> ownEnd_;  // per word: the end of its own piece in the original
-    std::vector<std::uint64_t> prefixHash_;
-    std::vector<std::uint64_t> power_;
-    std::unordered_map<std::uint64_t, std::vector<std::size_t>> byHash_;
-    std::set<std::size_t> changed_;  // words whose own piece a cut has changed
+// The words the cleaning passes look for, found in one scan of the decoded text.
+struct Words {
+    std::vector<std::size_t> comments;  // 0-based starts of "COMMENT" in any letter case
+    std::vector<Cut> couplings;         // the special coupling words, wherever they stand
 };
 
-std::size_t CommentPass::findAfter(char16_t c, std::size_t pos) const {
-    std::size_t at = text_.find(c, pos + 1);
-    while (at != kNone) {
-        auto it = cuts_.upper_bound(at);
-        if (it == cuts_.begin() || (--it)->second < at) return at;
-        at = text_.find(c, it->second + 1);
+// Adds what begins at text[i] when it is one of the words; returns the characters to pass over.
+std::size_t takeWordAt(std::u16string_view text, std::size_t i, Words& words) {
+    constexpr std::u16string_view kOmment = u"omment";
+    const std::u16string_view rest = text.substr(i + 1);
+    std::size_t k = 0;
+    while (k < kOmment.size() && k < rest.size() && isLetter(rest[k], kOmment[k]))
+        ++k;
+    if (k == kOmment.size()) {
+        words.comments.push_back(i);
+        return 1 + kOmment.size();  // the word cannot overlap itself
     }
-    return at;
-}
-
-std::u16string CommentPass::piece(std::size_t first, std::size_t last) const {
-    std::u16string out;
-    for (Cursor c(*this, first); !c.atEnd() && c.pos() <= last; c.advance())
-        out += c.get();
-    return out;
-}
-
-// When piece stands at pos, the 0-based position of its last character, else kNone.
-std::size_t CommentPass::matchEnd(std::size_t pos, std::u16string_view piece) const {
-    Cursor c(*this, pos);
-    std::size_t last = pos;
-    for (char16_t wanted : piece) {
-        if (c.atEnd() || c.get() != wanted) return kNone;
-        last = c.pos();
-        c.advance();
+    for (const std::u16string_view word : {u"CouplingUniqueType", u"CouplingHasRigidConnection"}) {
+        if (text.substr(i).starts_with(word)) words.couplings.push_back({i, i + word.size() - 1});
     }
-    auto it = cuts_.find(last);
-    return it == cuts_.end() ? last : it->second;
+    return 1;
 }
 
-void CommentPass::cut(std::size_t first, std::size_t last) {
-    cuts_.erase(cuts_.lower_bound(first), cuts_.upper_bound(last));
-    cuts_.emplace(first, last);
-    const auto begin = std::lower_bound(words_.begin(), words_.end(), first);
-    const auto end = std::upper_bound(begin, words_.end(), last);
-    for (auto it = begin; it != end; ++it)
-        dead_[it - words_.begin()] = 1;
-    if (ownEnd_.empty()) return;
-    // Earlier words whose own piece reached into the cut now have another one.
-    const std::size_t firstCut = begin - words_.begin();
-    const auto reaching = std::lower_bound(ownEnd_.begin(), ownEnd_.begin() + firstCut, first);
-    for (std::size_t k = reaching - ownEnd_.begin(); k < firstCut; ++k) {
-        if (!dead_[k]) changed_.insert(k);
-    }
-}
-
-std::uint64_t CommentPass::hashOf(std::u16string_view piece) const {
-    std::uint64_t hash = 0;
-    for (char16_t c : piece)
-        hash = hash * power_[1] + c;
-    return hash;
-}
-
-void CommentPass::indexOwnPieces() {
-    const std::size_t n = text_.size();
-    prefixHash_.assign(n + 1, 0);
-    power_.assign(n + 1, 1);
-    for (std::size_t i = 0; i < n; ++i) {
-        prefixHash_[i + 1] = prefixHash_[i] * 1000003u + text_[i];
-        power_[i + 1] = power_[i] * 1000003u;
-    }
-    ownEnd_.resize(words_.size());
-    for (std::size_t k = 0; k < words_.size(); ++k) {
-        std::size_t end = text_.find(u')', words_[k] + 1);
-        if (end == kNone) end = text_.find(u'\n', words_[k] + 1);
-        // A word with no end has no piece; give it one that can match nothing.
-        ownEnd_[k] = end == kNone ? n : end;
-        if (end == kNone) continue;
-        const std::size_t length = end - words_[k] + 1;
-        const std::uint64_t hash = prefixHash_[end + 1] - prefixHash_[words_[k]] * power_[length];
-        byHash_[hash].push_back(k);
-    }
-}
-
-std::vector<std::size_t> CommentPass::candidates(std::size_t from,
-                                                 std::u16string_view piece) const {
-    std::vector<std::size_t> found;
-    if (ownEnd_.empty()) {
-        for (std::size_t k = from; k < words_.size(); ++k)
-            found.push_back(k);
-        return found;
-    }
-    const auto same = byHash_.find(hashOf(piece));
-    if (same != byHash_.end())
-        found.assign(std::lower_bound(same->second.begin(), same->second.end(), from),
-                     same->second.end());
-    found.insert(found.end(), changed_.lower_bound(from), changed_.end());
-    std::sort(found.begin(), found.end());
-    found.erase(std::unique(found.begin(), found.end()), found.end());
-    return found;
-}
-
-const std::map<std::size_t, std::size_t>& CommentPass::run() {
-    dead_.assign(words_.size(), 0);
-    if (words_.size() > kFewWords) indexOwnPieces();
-    for (std::size_t i = 0; i < words_.size(); ++i) {
-        if (dead_[i]) continue;
-        std::size_t close = findAfter(u')', words_[i]);
-        if (close == kNone) close = findAfter(u'\n', words_[i]);
-        // A comment with neither behind it runs to the end of the text, which it may keep.
-        if (close == kNone) continue;
-        const std::u16string found = piece(words_[i], close);
-        // Every occurrence, left to right and not overlapping; none stands before this word,
-        // as all earlier words are cut already.
-        std::size_t searchFrom = words_[i];
-        for (std::size_t k : candidates(i, found)) {
-            if (dead_[k] || words_[k] < searchFrom) continue;
-            const std::size_t end = matchEnd(words_[k], found);
-            if (end == kNone) continue;
-            cut(words_[k], end);
-            searchFrom = end + 1;
+// Every word begins with a "c" or a "C", which most runs of four characters lack.
+Words findWords(std::u16string_view text) {
+    Words words;
+    std::size_t i = 0;
+    while (i < text.size()) {
+        if (i + 4 <= text.size() &&
+            text_scan::lanesEqual(text_scan::load8(&text[i]) | 0x20 * text_scan::kLanes16, u'c') ==
+                0) {
+            i += 4;
+            continue;
         }
+        i += isLetter(text[i], u'c') ? takeWordAt(text, i, words) : 1;
     }
-    return cuts_;
+    return words;
 }
 
-using Cut = std::pair<std::size_t, std::size_t>;  // first, last: 0-based, inclusive
-
-// The special coupling words, every "CouplingUniqueType" and then every
-// "CouplingHasRigidConnection", as cuts beside those of the comments. Neither word overlaps
-// itself or the other, and a cut leaves a blank that no word spans, so they are the words of
-// the text as it stands that no comment cut touches, and all can be found in one scan.
-void addCouplingWordCuts(std::u16string_view text, std::vector<Cut>& cuts) {
-    constexpr std::u16string_view kStem = u"Coupling";
+// Adds the special coupling words to the comment cuts, every "CouplingUniqueType" and then
+// every "CouplingHasRigidConnection" of the text as the comments left it. Neither word overlaps
+// itself or the other, and a cut leaves a blank that no word spans, so they are the words of the
+// decoded text that no comment cut touches.
+void addCouplingWordCuts(const std::vector<Cut>& couplings, std::vector<Cut>& cuts) {
     const std::size_t commentCuts = cuts.size();
-    for (std::size_t at = findFrom(text, kStem); at != 0; at = findFrom(text, kStem, at + 1)) {
-        const std::u16string_view rest = text.substr(at - 1);
-        std::size_t length = 0;
-        if (rest.starts_with(u"CouplingUniqueType")) length = 18;
-        if (rest.starts_with(u"CouplingHasRigidConnection")) length = 26;
-        if (length == 0) continue;
-        const Cut word{at - 1, at + length - 2};
-        const auto after =
-            std::upper_bound(cuts.begin(), cuts.begin() + commentCuts, word,
-                             [](const Cut& a, const Cut& b) { return a.first < b.first; });
-        const bool touched = (after != cuts.begin() + commentCuts && after->first <= word.second) ||
-                             (after != cuts.begin() && std::prev(after)->second >= word.first);
+    const auto byFirst = [](const Cut& a, const Cut& b) { return a.first < b.first; };
+    for (const Cut& word : couplings) {
+        const auto begin = cuts.begin();
+        const auto end = cuts.begin() + commentCuts;
+        const auto after = std::upper_bound(begin, end, word, byFirst);
+        const bool touched = (after != end && after->first <= word.second) ||
+                             (after != begin && std::prev(after)->second >= word.first);
         if (!touched) cuts.push_back(word);
     }
     std::inplace_merge(cuts.begin(), cuts.begin() + commentCuts, cuts.end());
@@ -276,7 +103,13 @@ std::size_t descriptionStart(std::string_view bytes) {
                                      (static_cast<unsigned char>(bytes[2 * i + 1]) << 8));
     };
     std::size_t lastWithBlank = units;
-    for (std::size_t i = units; i-- > 0;) {
+    for (std::size_t i = units; i > 0;) {
+        // Four characters at once while their bytes hold no "D".
+        if (i >= 4 && !text_scan::hasByte(text_scan::load8(&bytes[2 * (i - 4)]), 'D')) {
+            i -= 4;
+            continue;
+        }
+        --i;
         if (bytes[2 * i] != 'D' || bytes[2 * i + 1] != 0 || i + kWord.size() >= units) continue;
         std::size_t k = 1;
         while (k < kWord.size() && at(i + k) == kWord[k])
@@ -304,15 +137,10 @@ void stripUnitText(std::string_view bytes, bool cutDescription, UnitText& text,
     }
     decodeMstsText(bytes, text.text_);
     showPass(debug, titles, &StripTitles::comments);
-    std::vector<Cut> cuts;
-    const std::vector<std::size_t> words = commentWords(text.text_);
-    if (!words.empty()) {
-        CommentPass pass(text.text_, words);
-        const auto& commentCuts = pass.run();
-        cuts.assign(commentCuts.begin(), commentCuts.end());
-    }
+    Words words = findWords(text.text_);
+    std::vector<Cut> cuts = commentCuts(text.text_, std::move(words.comments));
     showPass(debug, titles, &StripTitles::couplings);
-    addCouplingWordCuts(text.text_, cuts);
+    addCouplingWordCuts(words.couplings, cuts);
     applyCuts(cuts, text.text_, text.upper_);
 }
 
