@@ -51,6 +51,7 @@ void PlainUnitText::strip(std::string_view bytes, bool cutDescription, const Str
     }
     text_ = plainUnitText(bytes, cutDescription);
     upper_ = upperText(text_);
+    length_ = text_.size();
 }
 
 }  // namespace rakeyard::test

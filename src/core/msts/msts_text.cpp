@@ -84,22 +84,16 @@ std::string encodeMstsText(std::u16string_view text) {
 }
 
 MstsText decodeMstsText(std::string_view bytes) {
-    MstsText text;
-    decodeMstsText(bytes, text);
+    MstsText text(decodedLengthLimit(bytes), u'\0');
+    text.resize(decodeMstsText(bytes, text.data()));
     return text;
 }
 
-void decodeMstsText(std::string_view bytes, MstsText& text) {
+// A CR becomes CR LF, whose LF then becomes CR LF: three characters; a lone LF two.
+std::size_t decodeMstsText(std::string_view bytes, char16_t* const text) {
     const std::size_t units = bytes.size() / 2;
     const auto* data = reinterpret_cast<const unsigned char*>(bytes.data());
-    // A CR becomes CR LF, whose LF then becomes CR LF: three characters; a lone LF two.
-    std::size_t length = units;
-    for (std::size_t i = 0; i < units; ++i) {
-        const bool highZero = data[2 * i + 1] == 0;
-        length += (highZero & (data[2 * i] == '\r')) * 2 + (highZero & (data[2 * i] == '\n'));
-    }
-    text.resize(length);
-    char16_t* out = text.data();
+    char16_t* out = text;
     const auto put = [&out](char16_t c) {
         if (c == u'\r') {
             *out++ = u'\r';
@@ -130,6 +124,7 @@ void decodeMstsText(std::string_view bytes, MstsText& text) {
     }
     for (; i < units; ++i)
         put(static_cast<char16_t>(data[2 * i] | (data[2 * i + 1] << 8)));
+    return static_cast<std::size_t>(out - text);
 }
 
 MstsText readMstsText(FileSystem& fs, const std::string& path) {

@@ -25,8 +25,13 @@ using MstsText = std::u16string;
 // blank, every CR into CR LF and then every LF into CR LF: a line end CR LF of the file becomes
 // CR CR LF CR LF. Readers rely only on the LF of it.
 [[nodiscard]] MstsText decodeMstsText(std::string_view bytes);
-// The same into text, whose storage is reused.
-void decodeMstsText(std::string_view bytes, MstsText& text);
+// The most characters decoding can make of the bytes: three for each, were all of them CR.
+[[nodiscard]] inline std::size_t decodedLengthLimit(std::string_view bytes) {
+    return 3 * (bytes.size() / 2);
+}
+// The same into out, which holds at least decodedLengthLimit(bytes) characters; returns how
+// many it wrote.
+std::size_t decodeMstsText(std::string_view bytes, char16_t* out);
 
 // The bytes of an MSTS file holding text: FF FE, then the text as UTF-16 LE.
 [[nodiscard]] std::string encodeMstsText(std::u16string_view text);
@@ -59,8 +64,8 @@ void stripUnitText(std::string_view bytes, bool cutDescription, UnitText& text,
 class UnitText {
 public:
     virtual ~UnitText() = default;
-    std::u16string_view text() const { return text_; }
-    std::u16string_view upper() const { return upper_; }
+    std::u16string_view text() const { return {text_.data(), length_}; }
+    std::u16string_view upper() const { return {upper_.data(), length_}; }
     // What the unit readers call: stripUnitText. A test puts a plain version in its place to
     // compare whole catalogues with it.
     virtual void strip(std::string_view bytes, bool cutDescription, const StripTitles* titles,
@@ -69,8 +74,10 @@ public:
     }
 
 protected:
+    // Storage at least length_ long, kept from file to file.
     MstsText text_;
     MstsText upper_;
+    std::size_t length_ = 0;
 
 private:
     friend void stripUnitText(std::string_view, bool, UnitText&, const StripTitles*, Progress*);

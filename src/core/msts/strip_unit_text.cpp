@@ -10,6 +10,9 @@ namespace rakeyard {
 
 namespace {
 
+constexpr std::u16string_view kCouplingWords[] = {u"CouplingUniqueType",
+                                                  u"CouplingHasRigidConnection"};
+
 // True when c is the ASCII letter given in lower case, in either case.
 bool isLetter(char16_t c, char16_t lower) {
     return (c | 0x20) == lower;
@@ -32,7 +35,8 @@ std::size_t takeWordAt(std::u16string_view text, std::size_t i, Words& words) {
         words.comments.push_back(i);
         return 1 + kOmment.size();  // the word cannot overlap itself
     }
-    for (const std::u16string_view word : {u"CouplingUniqueType", u"CouplingHasRigidConnection"}) {
+    if (text[i] != u'C') return 1;
+    for (const std::u16string_view word : kCouplingWords) {
         if (text.substr(i).starts_with(word)) words.couplings.push_back({i, i + word.size() - 1});
     }
     return 1;
@@ -73,22 +77,24 @@ void addCouplingWordCuts(const std::vector<Cut>& couplings, std::vector<Cut>& cu
 }
 
 // Cuts the ranges out of the text, each to stand as one blank, and makes the upper-cased twin.
-void applyCuts(const std::vector<Cut>& cuts, MstsText& text, MstsText& upper) {
+// Returns the new length.
+std::size_t applyCuts(const std::vector<Cut>& cuts, char16_t* text, std::size_t length,
+                      char16_t* upper) {
     std::size_t out = 0;
     std::size_t from = 0;
     for (const Cut& cut : cuts) {
-        std::copy(text.begin() + from, text.begin() + cut.first, text.begin() + out);
+        std::copy(text + from, text + cut.first, text + out);
         out += cut.first - from;
         text[out++] = u' ';
         from = cut.second + 1;
     }
-    std::copy(text.begin() + from, text.end(), text.begin() + out);
-    text.resize(out + text.size() - from);
-    upper.resize(text.size());
-    for (std::size_t i = 0; i < text.size(); ++i) {
+    std::copy(text + from, text + length, text + out);
+    length = out + length - from;
+    for (std::size_t i = 0; i < length; ++i) {
         const char16_t c = text[i];
         upper[i] = c >= u'a' && c <= u'z' ? char16_t(c - u'a' + u'A') : c;
     }
+    return length;
 }
 
 // The character at which the description begins: the last "Description (", else the last
@@ -135,13 +141,17 @@ void stripUnitText(std::string_view bytes, bool cutDescription, UnitText& text,
         showPass(debug, titles, &StripTitles::description);
         bytes = bytes.substr(0, 2 * descriptionStart(bytes));
     }
-    decodeMstsText(bytes, text.text_);
+    // The buffers only grow, so that the next file finds them large enough.
+    const std::size_t limit = decodedLengthLimit(bytes);
+    if (text.text_.size() < limit) text.text_.resize(limit);
+    if (text.upper_.size() < limit) text.upper_.resize(limit);
+    text.length_ = decodeMstsText(bytes, text.text_.data());
     showPass(debug, titles, &StripTitles::comments);
-    Words words = findWords(text.text_);
-    std::vector<Cut> cuts = commentCuts(text.text_, std::move(words.comments));
+    Words words = findWords(text.text());
+    std::vector<Cut> cuts = commentCuts(text.text(), std::move(words.comments));
     showPass(debug, titles, &StripTitles::couplings);
     addCouplingWordCuts(words.couplings, cuts);
-    applyCuts(cuts, text.text_, text.upper_);
+    text.length_ = applyCuts(cuts, text.text_.data(), text.length_, text.upper_.data());
 }
 
 }  // namespace rakeyard
