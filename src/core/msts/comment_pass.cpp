@@ -54,14 +54,16 @@ private:
     };
 
     static constexpr std::size_t kNone = std::u16string_view::npos;
-    // Up to this many words every later word is compared with each piece; beyond it only the
+    // Up to this many words every later word is looked at for each piece; beyond it only the
     // words whose own piece hashes alike, and those whose own piece a cut has changed.
     static constexpr std::size_t kFewWords = 64;
 
     std::size_t findAfter(char16_t c, std::size_t pos) const;
-    std::u16string piece(std::size_t first, std::size_t last) const;
+    std::u16string_view piece(std::size_t first, std::size_t last);
     std::size_t matchEnd(std::size_t pos, std::u16string_view piece) const;
+    bool mayStandAt(std::size_t k, std::u16string_view piece) const;
     void cut(std::size_t first, std::size_t last);
+    void indexOwnEnds();
     void indexOwnPieces();
     std::uint64_t hashOf(std::u16string_view piece) const;
     std::vector<std::size_t> candidates(std::size_t from, std::u16string_view piece) const;
@@ -70,12 +72,15 @@ private:
     std::vector<std::size_t> words_;
     std::vector<char> dead_;                   // per word: a cut covers it
     std::map<std::size_t, std::size_t> cuts_;  // first -> last, 0-based, inclusive
+    std::vector<std::size_t> ownEnd_;          // per word: the end of its own piece in the original
+    std::vector<char> changed_;                // per word: a cut has changed its own piece
+    std::u16string pieceBuffer_;               // a piece that cuts have changed
     // Only with many words:
-    std::vector<std::size_t> ownEnd_;  // per word: the end of its own piece in the original
+    bool manyWords_ = false;
     std::vector<std::uint64_t> prefixHash_;
     std::vector<std::uint64_t> power_;
     std::unordered_map<std::uint64_t, std::vector<std::size_t>> byHash_;
-    std::set<std::size_t> changed_;  // words whose own piece a cut has changed
+    std::set<std::size_t> changedWords_;
 };
 
 std::size_t CommentPass::findAfter(char16_t c, std::size_t pos) const {
@@ -88,11 +93,21 @@ std::size_t CommentPass::findAfter(char16_t c, std::size_t pos) const {
     return at;
 }
 
-std::u16string CommentPass::piece(std::size_t first, std::size_t last) const {
-    std::u16string out;
+// The piece as the text stands now; it stays valid until the next piece is taken.
+std::u16string_view CommentPass::piece(std::size_t first, std::size_t last) {
+    const auto nextCut = cuts_.lower_bound(first);
+    if (nextCut == cuts_.end() || nextCut->first > last)
+        return text_.substr(first, last - first + 1);
+    pieceBuffer_.clear();
     for (Cursor c(*this, first); !c.atEnd() && c.pos() <= last; c.advance())
-        out += c.get();
-    return out;
+        pieceBuffer_ += c.get();
+    return pieceBuffer_;
+}
+
+// False when the piece cannot stand at word k: a word's own piece is the only one that can,
+// and while no cut has changed it, its length tells at once.
+bool CommentPass::mayStandAt(std::size_t k, std::u16string_view piece) const {
+    return changed_[k] || ownEnd_[k] - words_[k] + 1 == piece.size();
 }
 
 // When piece stands at pos, the 0-based position of its last character, else kNone.
@@ -115,12 +130,23 @@ void CommentPass::cut(std::size_t first, std::size_t last) {
     const auto end = std::upper_bound(begin, words_.end(), last);
     for (auto it = begin; it != end; ++it)
         dead_[it - words_.begin()] = 1;
-    if (ownEnd_.empty()) return;
     // Earlier words whose own piece reached into the cut now have another one.
     const std::size_t firstCut = begin - words_.begin();
     const auto reaching = std::lower_bound(ownEnd_.begin(), ownEnd_.begin() + firstCut, first);
     for (std::size_t k = reaching - ownEnd_.begin(); k < firstCut; ++k) {
-        if (!dead_[k]) changed_.insert(k);
+        if (dead_[k] || changed_[k]) continue;
+        changed_[k] = 1;
+        if (manyWords_) changedWords_.insert(k);
+    }
+}
+
+void CommentPass::indexOwnEnds() {
+    ownEnd_.resize(words_.size());
+    for (std::size_t k = 0; k < words_.size(); ++k) {
+        std::size_t end = text_.find(u')', words_[k] + 1);
+        if (end == kNone) end = text_.find(u'\n', words_[k] + 1);
+        // A word with no end has no piece; give it one that can match nothing.
+        ownEnd_[k] = end == kNone ? text_.size() : end;
     }
 }
 
@@ -139,13 +165,9 @@ void CommentPass::indexOwnPieces() {
         prefixHash_[i + 1] = prefixHash_[i] * 1000003u + text_[i];
         power_[i + 1] = power_[i] * 1000003u;
     }
-    ownEnd_.resize(words_.size());
     for (std::size_t k = 0; k < words_.size(); ++k) {
-        std::size_t end = text_.find(u')', words_[k] + 1);
-        if (end == kNone) end = text_.find(u'\n', words_[k] + 1);
-        // A word with no end has no piece; give it one that can match nothing.
-        ownEnd_[k] = end == kNone ? n : end;
-        if (end == kNone) continue;
+        const std::size_t end = ownEnd_[k];
+        if (end == n) continue;
         const std::size_t length = end - words_[k] + 1;
         const std::uint64_t hash = prefixHash_[end + 1] - prefixHash_[words_[k]] * power_[length];
         byHash_[hash].push_back(k);
@@ -155,16 +177,11 @@ void CommentPass::indexOwnPieces() {
 std::vector<std::size_t> CommentPass::candidates(std::size_t from,
                                                  std::u16string_view piece) const {
     std::vector<std::size_t> found;
-    if (ownEnd_.empty()) {
-        for (std::size_t k = from; k < words_.size(); ++k)
-            found.push_back(k);
-        return found;
-    }
     const auto same = byHash_.find(hashOf(piece));
     if (same != byHash_.end())
         found.assign(std::lower_bound(same->second.begin(), same->second.end(), from),
                      same->second.end());
-    found.insert(found.end(), changed_.lower_bound(from), changed_.end());
+    found.insert(found.end(), changedWords_.lower_bound(from), changedWords_.end());
     std::sort(found.begin(), found.end());
     found.erase(std::unique(found.begin(), found.end()), found.end());
     return found;
@@ -172,23 +189,33 @@ std::vector<std::size_t> CommentPass::candidates(std::size_t from,
 
 const std::map<std::size_t, std::size_t>& CommentPass::run() {
     dead_.assign(words_.size(), 0);
-    if (words_.size() > kFewWords) indexOwnPieces();
+    changed_.assign(words_.size(), 0);
+    indexOwnEnds();
+    manyWords_ = words_.size() > kFewWords;
+    if (manyWords_) indexOwnPieces();
     for (std::size_t i = 0; i < words_.size(); ++i) {
         if (dead_[i]) continue;
         std::size_t close = findAfter(u')', words_[i]);
         if (close == kNone) close = findAfter(u'\n', words_[i]);
         // A comment with neither behind it runs to the end of the text, which it may keep.
         if (close == kNone) continue;
-        const std::u16string found = piece(words_[i], close);
+        const std::u16string_view found = piece(words_[i], close);
         // Every occurrence, left to right and not overlapping; none stands before this word,
         // as all earlier words are cut already.
         std::size_t searchFrom = words_[i];
-        for (std::size_t k : candidates(i, found)) {
-            if (dead_[k] || words_[k] < searchFrom) continue;
+        const auto cutIfThere = [&](std::size_t k) {
+            if (dead_[k] || words_[k] < searchFrom || !mayStandAt(k, found)) return;
             const std::size_t end = matchEnd(words_[k], found);
-            if (end == kNone) continue;
+            if (end == kNone) return;
             cut(words_[k], end);
             searchFrom = end + 1;
+        };
+        if (manyWords_) {
+            for (std::size_t k : candidates(i, found))
+                cutIfThere(k);
+        } else {
+            for (std::size_t k = i; k < words_.size(); ++k)
+                cutIfThere(k);
         }
     }
     return cuts_;
