@@ -139,13 +139,27 @@ MstsText upperText(std::u16string_view text) {
 std::size_t findFrom(std::u16string_view text, std::u16string_view needle, std::size_t from) {
     if (from == 0) from = 1;
     if (needle.empty() || from > text.size() || needle.size() > text.size() - (from - 1)) return 0;
-    // The byte search of the standard library is far quicker than its UTF-16 one; a match at
-    // an odd byte is no match of characters.
-    const std::string_view bytes(reinterpret_cast<const char*>(text.data()), 2 * text.size());
-    const std::string_view wanted(reinterpret_cast<const char*>(needle.data()), 2 * needle.size());
-    for (std::size_t at = bytes.find(wanted, 2 * (from - 1)); at != std::string_view::npos;
-         at = bytes.find(wanted, at + 1)) {
-        if (at % 2 == 0) return at / 2 + 1;
+    std::size_t at = from - 1;
+    const std::size_t last = text.size() - needle.size();  // the last start that fits
+    const auto matchesAt = [&](std::size_t i) { return text.substr(i, needle.size()) == needle; };
+    if (needle.size() >= 2 && std::endian::native == std::endian::little) {
+        // Keywords begin with letters that are everywhere in an upper-cased text, but their
+        // first two characters together are rare: four starts are tested at once for those.
+        const char16_t first = needle[0];
+        const char16_t second = needle[1];
+        for (; at + 4 <= last; at += 4) {
+            std::uint64_t starts = text_scan::lanesEqual(text_scan::load8(&text[at]), first) &
+                                   text_scan::lanesEqual(text_scan::load8(&text[at + 1]), second);
+            for (; starts != 0; starts &= starts - 1) {
+                const std::size_t i = at + std::countr_zero(starts) / 16;
+                if (matchesAt(i)) return i + 1;
+            }
+        }
+    }
+    for (; at <= last; ++at) {
+        at = text.find(needle[0], at);
+        if (at == std::u16string_view::npos || at > last) return 0;
+        if (matchesAt(at)) return at + 1;
     }
     return 0;
 }
