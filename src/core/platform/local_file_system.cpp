@@ -67,6 +67,17 @@ std::string fromPath(const fs::path& path) {
     return std::string(text.begin(), text.end());
 }
 
+// The last part of a listed entry's path. Where paths are UTF-8 already it is cut from the
+// path's text, with no parsing of the path into parts (a listing makes thousands of these).
+std::string entryName(const fs::path& path) {
+#ifdef _WIN32
+    return fromPath(path.filename());
+#else
+    const std::string& text = path.native();
+    return text.substr(text.rfind('/') + 1);
+#endif
+}
+
 std::FILE* openFile(const std::string& path, const char* mode) {
 #ifdef _WIN32
     const std::wstring wideMode(mode, mode + std::char_traits<char>::length(mode));
@@ -244,7 +255,7 @@ std::shared_ptr<const LocalFileSystem::CachedListing> LocalFileSystem::cachedLis
     };
     std::vector<Entry> entries;
     for (fs::directory_iterator it(toPath(folder), ec), end; !ec && it != end; it.increment(ec)) {
-        std::string name = fromPath(it->path().filename());
+        std::string name = entryName(it->path());
         std::error_code typeError;  // an entry whose type can't be read counts as a file
         const bool isFolder = it->is_directory(typeError);
         entries.push_back({upperAscii(name), std::move(name), isFolder});
