@@ -86,7 +86,8 @@ TEST(DecodeMstsText, AgreesWithDecodingOneCharacterAtATime) {
 
 TEST(FindFrom, AgreesWithAPlainSearchWhereverTheMatchStands) {
     std::mt19937 random(5);
-    const std::u16string needles[] = {u"E", u"EN", u"ENE", u"NE\tE", u"\r\n"};
+    const std::u16string needles[] = {u"E", u"EN", u"ENE", u"NE\tE", u"\r\n", u"EaNa",
+                                      u"\u0D00E\u0A0DEN", u"ENENE"};
     for (int round = 0; round < 3000; ++round) {
         std::u16string text;
         for (int i = 0, n = static_cast<int>(random() % 30); i < n; ++i)
