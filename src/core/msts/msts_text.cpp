@@ -1,7 +1,5 @@
 #include "core/msts/msts_text.h"
 
-#include <algorithm>
-#include <array>
 #include <bit>
 #include <cstdint>
 #include <cstring>
@@ -61,10 +59,10 @@ bool onlyBlanksBetween(std::u16string_view text, std::size_t first, std::size_t 
     return true;
 }
 
-// The first start at or after at (0-based) of a needle of two or three characters, or npos.
+// The first start at or after at (0-based) of the needle, or npos.
 // Keywords begin with letters that are everywhere in an upper-cased text, but their first two
 // characters together are rare: four starts are tested at once for those.
-std::size_t findShort(std::u16string_view text, std::u16string_view needle, std::size_t at) {
+std::size_t findAt(std::u16string_view text, std::u16string_view needle, std::size_t at) {
     const std::size_t last = text.size() - needle.size();  // the last start that fits
     const auto matchesAt = [&](std::size_t i) { return text.substr(i, needle.size()) == needle; };
     if (needle.size() >= 2 && std::endian::native == std::endian::little) {
@@ -82,23 +80,6 @@ std::size_t findShort(std::u16string_view text, std::u16string_view needle, std:
         at = text.find(needle[0], at);
         if (at == std::u16string_view::npos || at > last) return std::u16string_view::npos;
         if (matchesAt(at)) return at;
-    }
-    return std::u16string_view::npos;
-}
-
-// The same for a longer needle, by Horspool's rule: the character under the last place of the
-// window tells how far the window can move, mostly the needle's whole length. Characters are
-// told apart by their low byte only, which can only make a move shorter.
-std::size_t findLong(std::u16string_view text, std::u16string_view needle, std::size_t at) {
-    const std::size_t m = needle.size();
-    std::array<std::uint8_t, 256> move;
-    move.fill(static_cast<std::uint8_t>(std::min<std::size_t>(m, 255)));
-    for (std::size_t k = 0; k + 1 < m; ++k)
-        move[needle[k] & 0xFF] = static_cast<std::uint8_t>(std::min<std::size_t>(m - 1 - k, 255));
-    const std::u16string_view head = needle.substr(0, m - 1);
-    for (std::size_t end = at + m - 1; end < text.size(); end += move[text[end] & 0xFF]) {
-        if (text[end] == needle[m - 1] && text.substr(end + 1 - m, m - 1) == head)
-            return end + 1 - m;
     }
     return std::u16string_view::npos;
 }
@@ -183,8 +164,7 @@ MstsText upperText(std::u16string_view text) {
 std::size_t findFrom(std::u16string_view text, std::u16string_view needle, std::size_t from) {
     if (from == 0) from = 1;
     if (needle.empty() || from > text.size() || needle.size() > text.size() - (from - 1)) return 0;
-    const std::size_t found =
-        needle.size() >= 4 ? findLong(text, needle, from - 1) : findShort(text, needle, from - 1);
+    const std::size_t found = findAt(text, needle, from - 1);
     return found == std::u16string_view::npos ? 0 : found + 1;
 }
 
