@@ -36,18 +36,10 @@ MstsTree::MstsTree() {
     fs::create_directories(root_ / "home");
 }
 
-std::string MstsTree::msts() const {
-    return root_ / "msts";
-}
-std::string MstsTree::home() const {
-    return root_ / "home";
-}
-std::string MstsTree::trainset() const {
-    return root_ / "msts/TRAINS/TRAINSET";
-}
-std::string MstsTree::consists() const {
-    return root_ / "msts/TRAINS/CONSISTS";
-}
+std::string MstsTree::msts() const { return root_ / "msts"; }
+std::string MstsTree::home() const { return root_ / "home"; }
+std::string MstsTree::trainset() const { return root_ / "msts/TRAINS/TRAINSET"; }
+std::string MstsTree::consists() const { return root_ / "msts/TRAINS/CONSISTS"; }
 
 std::string utf16Bytes(std::string_view text) {
     std::string bytes;
@@ -62,10 +54,8 @@ std::string MstsTree::write(std::string_view relative, std::string_view text,
                             std::string_view header) {
     std::string crlf;
     for (char c : text) {
-        if (c == '\n')
-            crlf += "\r\n";
-        else
-            crlf += c;
+        if (c == '\n') crlf += "\r\n";
+        else crlf += c;
     }
     std::string bytes = "\xFF\xFE" + utf16Bytes(header);
     if (!header.empty()) bytes += utf16Bytes("\r\n");
