@@ -60,7 +60,7 @@ void stripUnitText(std::string_view bytes, bool cutDescription, UnitText& text,
 
 // The cleaned working text of a unit file and its upper-cased twin, in which the keyword
 // searches look. The buffers are kept from file to file: a catalogue worker holds one
-// UnitText, so that once they have grown to its largest file reading allocates nothing.
+// UnitText, so that the texts of thousands of files are not each made in new memory.
 class UnitText {
 public:
     virtual ~UnitText() = default;

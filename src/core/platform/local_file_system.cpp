@@ -354,23 +354,24 @@ std::optional<std::string> LocalFileSystem::readFile(const std::string& path) {
 
 ReadOutcome LocalFileSystem::readFileInto(const std::string& path, std::uintmax_t limit,
                                           std::string& bytes) {
-    bytes.clear();
-    if (path.empty()) return ReadOutcome::Unreadable;
+    const auto fail = [&bytes](ReadOutcome outcome) {
+        bytes.clear();
+        return outcome;
+    };
+    if (path.empty()) return fail(ReadOutcome::Unreadable);
     // Paths from listings are exact already: the first open finds them, with no look at the
     // folders on the way.
     OpenFile file;
     if (!file.open(nativeSeparators(path)) && file.missing()) (void)file.open(resolve(path));
     const std::optional<std::uintmax_t> size = file.regularFileSize();
-    if (!size) return ReadOutcome::Unreadable;
-    if (*size > limit) return ReadOutcome::TooLarge;
+    if (!size) return fail(ReadOutcome::Unreadable);
+    if (*size > limit) return fail(ReadOutcome::TooLarge);
     // The size the file has now is read, in one call unless the system splits it; a file that
-    // shrinks meanwhile gives what it still holds.
+    // shrinks meanwhile gives what it still holds. Only what goes beyond the last file's size
+    // is cleared first.
     bytes.resize(static_cast<std::size_t>(*size));
     const std::optional<std::size_t> got = file.readInto(bytes.data(), bytes.size());
-    if (!got) {
-        bytes.clear();
-        return ReadOutcome::Unreadable;
-    }
+    if (!got) return fail(ReadOutcome::Unreadable);
     bytes.resize(*got);
     return ReadOutcome::Read;
 }
