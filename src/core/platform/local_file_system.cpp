@@ -233,7 +233,8 @@ int syncFile(std::FILE* file) {
 std::shared_ptr<const LocalFileSystem::CachedListing> LocalFileSystem::cachedListing(
     const std::string& folder) {
     std::error_code ec;
-    const fs::file_time_type modified = fs::last_write_time(toPath(folder), ec);
+    const fs::path where = toPath(folder);
+    const fs::file_time_type modified = fs::last_write_time(where, ec);
     if (ec) return nullptr;
     {
         std::lock_guard lock(cacheMutex_);
@@ -254,7 +255,7 @@ std::shared_ptr<const LocalFileSystem::CachedListing> LocalFileSystem::cachedLis
         }
     };
     std::vector<Entry> entries;
-    for (fs::directory_iterator it(toPath(folder), ec), end; !ec && it != end; it.increment(ec)) {
+    for (fs::directory_iterator it(where, ec), end; !ec && it != end; it.increment(ec)) {
         std::string name = entryName(it->path());
         std::error_code typeError;  // an entry whose type can't be read counts as a file
         const bool isFolder = it->is_directory(typeError);
@@ -262,6 +263,9 @@ std::shared_ptr<const LocalFileSystem::CachedListing> LocalFileSystem::cachedLis
     }
     if (ec) return nullptr;
     std::sort(entries.begin(), entries.end());
+    listing->upperNames.reserve(entries.size());
+    listing->names.reserve(entries.size());
+    listing->isFolder.reserve(entries.size());
     for (Entry& entry : entries) {
         listing->upperNames.push_back(std::move(entry.upper));
         listing->names.push_back(std::move(entry.name));
