@@ -41,14 +41,14 @@ public:
         if (found == files.end()) return std::nullopt;
         return found->second;
     }
-    BoundedRead readFileUpTo(const std::string& path, std::uintmax_t limit) override {
-        BoundedRead read;
-        read.bytes = readFile(path);
-        if (read.bytes && read.bytes->size() > limit) {
-            read.bytes.reset();
-            read.tooLarge = true;
-        }
-        return read;
+    ReadOutcome readFileInto(const std::string& path, std::uintmax_t limit,
+                             std::string& bytes) override {
+        bytes.clear();
+        const std::optional<std::string> read = readFile(path);
+        if (!read) return ReadOutcome::Unreadable;
+        if (read->size() > limit) return ReadOutcome::TooLarge;
+        bytes = *read;
+        return ReadOutcome::Read;
     }
     WriteResult writeFile(const std::string& path, std::string_view bytes) override {
         touch(path);

@@ -79,7 +79,9 @@ std::optional<std::string> readInside(FileSystem& fs, std::string_view root,
                                       std::uintmax_t limit) {
     const std::optional<std::string> path = joinInside(root, folder, name);
     if (!path || !fs.isFile(*path)) return std::nullopt;
-    return fs.readFileUpTo(*path, limit).bytes;
+    std::string bytes;
+    if (fs.readFileInto(*path, limit, bytes) != ReadOutcome::Read) return std::nullopt;
+    return bytes;
 }
 
 }  // namespace rakeyard
