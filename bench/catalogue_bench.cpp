@@ -30,54 +30,17 @@
 #include "core/platform/local_file_system.h"
 #include "core/platform/services.h"
 #include "core/settings/settings_record.h"
+#include "bench_support.h"
 
 namespace {
 
-using Clock = std::chrono::steady_clock;
-
-class OkDialogs : public rakeyard::Dialogs {
-public:
-    void report(std::string_view, rakeyard::Icon, std::string_view) override {}
-    rakeyard::Answer ask(std::string_view, rakeyard::Buttons buttons, rakeyard::Icon,
-                         rakeyard::Answer, std::string_view) override {
-        return buttons == rakeyard::Buttons::YesNo ? rakeyard::Answer::Yes : rakeyard::Answer::Ok;
-    }
-};
-
-class NoDesktop : public rakeyard::Desktop {
-public:
-    bool moveToTrash(const std::string&) override { return false; }
-    bool startProgram(const std::string&, const std::vector<std::string>&) override {
-        return false;
-    }
-    void openUrl(std::string_view) override {}
-};
+using namespace rakeyard::bench;
 
 bool isUnitFile(const std::filesystem::path& path) {
     std::string extension = path.extension().string();
     std::transform(extension.begin(), extension.end(), extension.begin(),
                    [](unsigned char c) { return static_cast<char>(std::toupper(c)); });
     return extension == ".ENG" || extension == ".WAG";
-}
-
-bool readWhole(const std::string& path, std::vector<char>& bytes) {
-    const int file = ::open(path.c_str(), O_RDONLY);
-    if (file < 0) return false;
-    struct stat status {};
-    if (::fstat(file, &status) != 0) {
-        ::close(file);
-        return false;
-    }
-    bytes.resize(static_cast<std::size_t>(status.st_size));
-    std::size_t got = 0;
-    while (got < bytes.size()) {
-        const ssize_t n = ::read(file, bytes.data() + got, bytes.size() - got);
-        if (n <= 0) break;
-        got += static_cast<std::size_t>(n);
-    }
-    ::close(file);
-    bytes.resize(got);
-    return true;
 }
 
 // The floor: every unit file one folder below Trainset listed, read whole and decoded. Returns
@@ -121,43 +84,6 @@ std::size_t loadCatalogue(const std::string& msts, const std::string& home, unsi
     rakeyard::readEngineFiles(state->paths, state->catalogue, services, false, threads);
     rakeyard::readWagonFiles(state->paths, state->catalogue, services, false, threads);
     return state->catalogue.engineCount + state->catalogue.wagonCount;
-}
-
-double cpuSeconds() {
-    rusage usage{};
-    getrusage(RUSAGE_SELF, &usage);
-    const auto seconds = [](const timeval& t) { return t.tv_sec + t.tv_usec / 1e6; };
-    return seconds(usage.ru_utime) + seconds(usage.ru_stime);
-}
-
-long peakMegabytes() {
-    rusage usage{};
-    getrusage(RUSAGE_SELF, &usage);
-    return usage.ru_maxrss / 1024;
-}
-
-// The wall and CPU times of each run of one contender, and the peak memory after it.
-struct Timings {
-    std::string name;
-    std::function<void()> work;
-    std::vector<double> wall;
-    std::vector<double> cpu;
-    long peak = 0;  // the process's, after the first run
-
-    void run() {
-        const double cpuBefore = cpuSeconds();
-        const Clock::time_point start = Clock::now();
-        work();
-        wall.push_back(std::chrono::duration<double>(Clock::now() - start).count());
-        cpu.push_back(cpuSeconds() - cpuBefore);
-        if (wall.size() == 1) peak = peakMegabytes();
-    }
-};
-
-double median(std::vector<double> values) {
-    std::sort(values.begin(), values.end());
-    const std::size_t n = values.size();
-    return n % 2 ? values[n / 2] : (values[n / 2 - 1] + values[n / 2]) / 2;
 }
 
 }  // namespace

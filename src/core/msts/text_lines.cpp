@@ -1,5 +1,11 @@
 #include "core/msts/text_lines.h"
 
+#include <bit>
+#include <cstring>
+
+static_assert(std::endian::native == std::endian::little,
+              "MSTS text is read as little-endian UTF-16 in place");
+
 namespace rakeyard {
 
 std::size_t TextLines::firstLineLength() const {
@@ -7,31 +13,60 @@ std::size_t TextLines::firstLineLength() const {
     return text + (hasMark ? 2 : 0);
 }
 
+bool decodeLineText(std::string_view bytes, std::u16string& text) {
+    const bool hasMark = bytes.size() >= 2 && bytes[0] == '\xFF' && bytes[1] == '\xFE';
+    text.clear();
+    if (hasMark) {
+        // Little-endian pairs of bytes, as the machines the program runs on hold char16_t; an
+        // odd last byte is a character of its own.
+        const std::size_t whole = (bytes.size() - 2) / 2;
+        text.resize((bytes.size() - 1) / 2);
+        std::memcpy(text.data(), bytes.data() + 2, whole * 2);
+        if (text.size() > whole) text[whole] = static_cast<unsigned char>(bytes.back());
+    } else {
+        text.reserve(bytes.size());
+        for (char c : bytes)
+            if (c != '\0') text += static_cast<char16_t>(static_cast<unsigned char>(c));
+    }
+    return hasMark;
+}
+
+std::size_t nextLineEnd(std::u16string_view text, std::size_t from) {
+    const char* bytes = reinterpret_cast<const char*>(text.data());
+    const std::size_t size = text.size() * 2;
+    for (std::size_t at = from * 2; at < size;) {
+        const void* found = std::memchr(bytes + at, '\r', size - at);
+        if (!found) break;
+        const std::size_t byte = static_cast<std::size_t>(static_cast<const char*>(found) - bytes);
+        // A CR character is the byte 0D at the low, even place of a unit whose high byte is 0;
+        // elsewhere 0D is part of another character.
+        if (byte % 2 == 0 && bytes[byte + 1] == 0) return byte / 2;
+        at = byte + 1;
+    }
+    return text.size();
+}
+
+bool forEachTextLine(std::string_view bytes, std::u16string& text,
+                     const std::function<bool(std::u16string_view)>& line) {
+    const bool hasMark = decodeLineText(bytes, text);
+    const std::u16string_view all(text);
+    std::size_t start = 0;
+    while (start < all.size()) {
+        const std::size_t end = nextLineEnd(all, start);
+        if (!line(all.substr(start, end - start))) return hasMark;
+        start = end + 1;
+        if (start < all.size() && all[start] == u'\n' && end < all.size()) ++start;
+    }
+    return hasMark;
+}
+
 TextLines textLines(std::string_view bytes) {
     TextLines result;
     std::u16string text;
-    result.hasMark = bytes.size() >= 2 && bytes[0] == '\xFF' && bytes[1] == '\xFE';
-    if (result.hasMark) {
-        text.reserve(bytes.size() / 2);
-        for (std::size_t i = 2; i < bytes.size(); i += 2) {
-            const auto low = static_cast<unsigned char>(bytes[i]);
-            const auto high = i + 1 < bytes.size() ? static_cast<unsigned char>(bytes[i + 1]) : 0;
-            text += static_cast<char16_t>(low | (high << 8));
-        }
-    } else {
-        text.reserve(bytes.size());
-        for (char c : bytes) {
-            if (c != '\0') text += static_cast<char16_t>(static_cast<unsigned char>(c));
-        }
-    }
-    std::size_t start = 0;
-    for (std::size_t i = 0; i < text.size(); ++i) {
-        if (text[i] != u'\r') continue;
-        result.lines.push_back(text.substr(start, i - start));
-        if (i + 1 < text.size() && text[i + 1] == u'\n') ++i;
-        start = i + 1;
-    }
-    if (start < text.size()) result.lines.push_back(text.substr(start));
+    result.hasMark = forEachTextLine(bytes, text, [&](std::u16string_view line) {
+        result.lines.emplace_back(line);
+        return true;
+    });
     return result;
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 #include <cstddef>
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -17,5 +18,19 @@ struct TextLines {
     std::size_t firstLineLength() const;
 };
 [[nodiscard]] TextLines textLines(std::string_view bytes);
+
+// The text the lines are read from: UTF-16 LE after the mark FF FE, else the 8-bit bytes with
+// their zero bytes dropped. True when the bytes began with the mark.
+bool decodeLineText(std::string_view bytes, std::u16string& text);
+
+// The place of the next CR in text at or after from; text.size() when there is none. Searched
+// byte by byte at memchr's speed: lines are looked for in thousands of files.
+[[nodiscard]] std::size_t nextLineEnd(std::u16string_view text, std::size_t from);
+
+// The same lines one at a time, for long files: the text is decoded into text (whose storage
+// may be kept from file to file) and each line handed to line as a view into it, until line
+// returns false. Returns whether the bytes began with the mark.
+bool forEachTextLine(std::string_view bytes, std::u16string& text,
+                     const std::function<bool(std::u16string_view)>& line);
 
 }  // namespace rakeyard

@@ -159,3 +159,15 @@ std::u16string trimBlanks(std::u16string_view text) {
 }
 
 }  // namespace rakeyard
+
+namespace rakeyard {
+
+void upperAscii(std::u16string_view text, std::u16string& out) {
+    out.resize(text.size());
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        const char16_t c = text[i];
+        out[i] = c >= u'a' && c <= u'z' ? static_cast<char16_t>(c - u'a' + u'A') : c;
+    }
+}
+
+}  // namespace rakeyard

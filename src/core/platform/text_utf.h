@@ -26,6 +26,8 @@ std::string utf8Left(std::string_view text, std::size_t count);
 // ASCII upper case; other characters unchanged.
 std::string upperAscii(std::string_view text);
 std::u16string upperAscii(std::u16string_view text);
+// The same into out, whose storage is kept: for text work line by line.
+void upperAscii(std::u16string_view text, std::u16string& out);
 // Blanks (and only blanks) removed at both ends, as the program's trim does.
 std::string trimBlanks(std::string_view text);
 std::u16string trimBlanks(std::u16string_view text);

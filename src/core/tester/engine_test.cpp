@@ -31,6 +31,7 @@ public:
 
 private:
     enum class Reading { GoOn, Stop };
+    bool checkLine(std::u16string_view line, std::string_view key);
     Reading lineChecks();
     void headName(bool engineLine);
     bool valueInParentheses(std::size_t fallbackOpen, void (EngineTest::*error)());
@@ -40,9 +41,13 @@ private:
     void mass();
     void displayName();
 
-    // L as the findings show it; from the first finding on the line, L keeps that form.
+    // L as the findings show it; from the first finding on the line, L keeps that form, and its
+    // key follows it.
     std::string shownL() {
-        L_ = shownLine(L_);
+        L_ = shownLine(line_);
+        line_ = L_;
+        letters_ = searchKey(L_, ownKey_);
+        key_ = ownKey_;
         return toUtf8(L_);
     }
     std::string V() const { return toUtf8(V_); }
@@ -77,9 +82,33 @@ private:
     TestRun& run_;
     const TestContext& context_;
     UnitNames names_;
+    // L is line_, a view into the file's text, until a finding turns its TABs; then it is L_.
+    std::u16string_view line_;
+    std::string_view key_;  // L's search key
     Line L_;
+    std::string lineKey_;  // the search key of the line read
+    std::uint32_t letters_ = 0;  // the letters of the line: L's, or more when L was cut
+    std::string ownKey_;   // that of L_
     Line V_;
 };
+
+// Reading rules first: comment and mark lines are passed over, and the rest of a line after
+// either is cut. False when the reading ends here (a description's line).
+bool EngineTest::checkLine(std::u16string_view line, std::string_view key) {
+    constexpr std::uint32_t kComment = lettersOf("COMMENT");
+    std::size_t keep = line.size();
+    if ((letters_ & kComment) == kComment) {
+        if (inFirst(key, 9, "COMMENT")) return true;
+        if (const std::size_t at = firstOf(key, "COMMENT")) keep = at - 1;
+    }
+    if (inFirst(key.substr(0, keep), 9, "#_")) return true;
+    // The blank in front of the mark goes with it.
+    if (const std::size_t at = firstOf(key.substr(0, keep), "#_")) keep = at - 2;
+    key_ = key.substr(0, keep);
+    line_ = line.substr(0, keep);
+    L_.clear();
+    return lineChecks() == Reading::GoOn;
+}
 
 void EngineTest::run() {
     const UnitRecord& unit = names_.unit;
@@ -94,18 +123,19 @@ void EngineTest::run() {
                ErrorCategory::Missing, ErrorLevel::Minor);
         return;
     }
-    for (Line& line : textLines(*bytes).lines) {
+    // The text buffer is kept from engine to engine: a run reads thousands of them.
+    static thread_local std::u16string text;
+    decodeLineText(*bytes, text);
+    const std::u16string_view all(text);
+    for (std::size_t start = 0; start < all.size();) {
+        const std::size_t end = nextLineEnd(all, start);
         context_.host.yield();
-        L_ = std::move(line);
-        Line upper = upperAscii(L_);
-        if (inFirst(upper, 9, u"COMMENT")) continue;
-        if (const std::size_t at = firstOf(upper, u"COMMENT")) L_.resize(at - 1);
-        upper = upperAscii(L_);
-        if (inFirst(upper, 9, u"#_")) continue;
-        // The blank in front of the mark goes with it.
-        if (const std::size_t at = firstOf(upper, u"#_")) L_.resize(at - 2);
-        if (lineChecks() == Reading::Stop) break;
+        const std::u16string_view line = all.substr(start, end - start);
+        letters_ = searchKey(line, lineKey_);
+        if (!checkLine(line, lineKey_)) break;
         context_.host.yield();
+        start = end + 1;
+        if (start < all.size() && all[start] == u'\n' && end < all.size()) ++start;
     }
     run_.filesTestedText = std::to_string(run_.counts.filesTested) + " files tested";
 }
@@ -113,28 +143,32 @@ void EngineTest::run() {
 // Each check looks at L as it stands then: a finding before it may have turned its TABs. The
 // head names are checked on a description's line too; nothing after that line is.
 EngineTest::Reading EngineTest::lineChecks() {
-    auto has = [this](std::u16string_view word) { return contains(upperAscii(L_), word); };
-    if (has(u"WAGON") && !has(u"WAGONSHAPE")) headName(false);
-    if (has(u"ENGINE (") && !has(u"BRAKE_ENGINE") &&
-        !has(u"MONITORINGDEVICEAPPLIESSHUTSDOWNENGINE"))
+    // A word whose letters the line lacks is not searched for: most lines hold none of them.
+    auto has = [this](std::string_view word) {
+        const std::uint32_t needed = lettersOf(word);
+        return (letters_ & needed) == needed && contains(key_, word);
+    };
+    if (has("WAGON") && !has("WAGONSHAPE")) headName(false);
+    if (has("ENGINE (") && !has("BRAKE_ENGINE") &&
+        !has("MONITORINGDEVICEAPPLIESSHUTSDOWNENGINE"))
         headName(true);
-    if (has(u"DESCRIPTION")) return Reading::Stop;
-    if (has(u"WAGONSHAPE")) shape();
-    if (has(u"FREIGHTANIM")) freightAnimation();
-    if (has(u"MASS (")) mass();
-    if (has(u"NAME")) displayName();
+    if (has("DESCRIPTION")) return Reading::Stop;
+    if (has("WAGONSHAPE")) shape();
+    if (has("FREIGHTANIM")) freightAnimation();
+    if (has("MASS (")) mass();
+    if (has("NAME")) displayName();
     return Reading::GoOn;
 }
 
 // The name on the "Wagon" or "Engine" line: quoted when it holds a blank, and the file's name.
 void EngineTest::headName(bool engineLine) {
-    const std::size_t open = firstOf(L_, u"(");
-    const std::size_t close = closeBeforeLineFeed(L_, firstOf(L_, u")"));
+    const std::size_t open = firstOf(line_, u"(");
+    const std::size_t close = closeBeforeLineFeed(line_, firstOf(line_, u")"));
     if (close > 0) {
-        if (auto value = cut(L_, open + 1, static_cast<long long>(close) - open - 1))
+        if (auto value = cut(line_, open + 1, static_cast<long long>(close) - open - 1))
             V_ = trimmed(*value);
     } else {
-        V_ = cutFrom(L_, open + 1);
+        V_ = cutFrom(line_, open + 1);
         if (const std::size_t tab = firstOf(V_, u"\t")) V_[tab - 1] = u' ';
     }
     V_ = trimmed(replaced(V_, u'\t', u' '));
@@ -182,17 +216,17 @@ void EngineTest::headName(bool engineLine) {
 // V from the first "(" to the last ")". A missing one is the check's finding; without a ")"
 // the value runs from fallbackOpen to the end of the line. False when a finding was made.
 bool EngineTest::valueInParentheses(std::size_t fallbackOpen, void (EngineTest::*error)()) {
-    std::size_t open = firstOf(L_, u"(");
-    std::size_t close = closeBeforeLineFeed(L_, lastOf(L_, u")"));
+    std::size_t open = firstOf(line_, u"(");
+    std::size_t close = closeBeforeLineFeed(line_, lastOf(line_, u")"));
     const bool found = open > 0 && close > 0;
     if (!found) {
         (this->*error)();
         if (close == 0) {
             open = fallbackOpen;
-            close = L_.size();
+            close = line_.size();
         }
     }
-    if (auto value = cut(L_, open + 1, static_cast<long long>(close) - open - 1))
+    if (auto value = cut(line_, open + 1, static_cast<long long>(close) - open - 1))
         V_ = trimmed(*value);
     return found;
 }
@@ -221,17 +255,17 @@ void EngineTest::shape() {
 
 // Only the first file of the line counts, up to and with its ".s".
 void EngineTest::freightAnimation() {
-    std::size_t open = firstOf(L_, u"(");
-    std::size_t close = lastOf(upperAscii(L_), u".S");
+    std::size_t open = firstOf(line_, u"(");
+    std::size_t close = lastOf(key_, ".S");
     if (open == 0 || close == 0) {
         report(kSyntax, parenthesisFinding("FreightAnim", "yourshapefile.s"),
                ErrorCategory::Syntax, ErrorLevel::Serious);
         if (close == 0) {
             open = 10;
-            close = L_.size();
+            close = line_.size();
         }
     }
-    if (auto value = cut(L_, open + 1, static_cast<long long>(close) - open + 1))
+    if (auto value = cut(line_, open + 1, static_cast<long long>(close) - open + 1))
         V_ = trimmed(*value);
     if (!V_.empty() && V_.front() == u'"') V_.erase(0, 1);
     const std::uintmax_t size = sizeInside(context_.services.fs, context_.paths.mstsPath,
@@ -276,7 +310,7 @@ void EngineTest::displayName() {
                    "The error was found on this line: " + line,
                ErrorCategory::Syntax, ErrorLevel::Minor);
     }
-    if (!contains(upperAscii(L_), u"NAME(")) return;
+    if (!contains(key_, "NAME(")) return;
     const std::string line = shownL();
     report(kSyntax,
            "The engine file with the name " + names_.F + std::string(kEnd) + "in the folder " +

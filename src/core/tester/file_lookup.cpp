@@ -78,7 +78,7 @@ std::optional<std::string> readInside(FileSystem& fs, std::string_view root,
                                       std::string_view folder, std::string_view name,
                                       std::uintmax_t limit) {
     const std::optional<std::string> path = joinInside(root, folder, name);
-    if (!path || !fs.isFile(*path)) return std::nullopt;
+    if (!path) return std::nullopt;
     std::string bytes;
     if (fs.readFileInto(*path, limit, bytes) != ReadOutcome::Read) return std::nullopt;
     return bytes;

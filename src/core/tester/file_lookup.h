@@ -21,7 +21,7 @@ namespace rakeyard {
                                         std::string_view folder, std::string_view name);
 
 // The bytes of a plain file inside root, at most limit of them; nothing when it is missing,
-// no plain file, outside root, larger than the limit or unreadable. A pipe is never opened.
+// no plain file (a pipe is never read from), outside root, larger than the limit or unreadable.
 [[nodiscard]] std::optional<std::string> readInside(FileSystem& fs, std::string_view root,
                                                     std::string_view folder, std::string_view name,
                                                     std::uintmax_t limit);

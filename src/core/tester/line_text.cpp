@@ -50,6 +50,38 @@ std::size_t closeBeforeLineFeed(std::u16string_view line, std::size_t close) {
     return lastOf(line.substr(0, feed - 1), u")");
 }
 
+std::uint32_t searchKey(std::u16string_view line, std::string& key) {
+    key.resize(line.size());
+    char* out = key.data();
+    std::uint32_t letters = 0;
+    for (std::size_t i = 0; i < line.size(); ++i) {
+        const char16_t c = line[i];
+        const char16_t upper = c >= u'a' && c <= u'z' ? c - 32 : c;
+        out[i] = upper < 0x80 ? static_cast<char>(upper) : '\x80';
+        const unsigned letter = static_cast<unsigned>(upper) - 'A';
+        letters |= letter < 26 ? 1u << letter : 0u;
+    }
+    return letters;
+}
+
+std::size_t firstOf(std::string_view key, std::string_view word) {
+    const std::size_t at = key.find(word);
+    return at == std::string_view::npos ? 0 : at + 1;
+}
+
+std::size_t lastOf(std::string_view key, std::string_view word) {
+    const std::size_t at = key.rfind(word);
+    return at == std::string_view::npos ? 0 : at + 1;
+}
+
+bool contains(std::string_view key, std::string_view word) {
+    return key.find(word) != std::string_view::npos;
+}
+
+bool inFirst(std::string_view key, std::size_t n, std::string_view word) {
+    return key.substr(0, n).find(word) != std::string_view::npos;
+}
+
 Line shownLine(std::u16string_view line) {
     return trimmed(replaced(line, u'\t', u' '));
 }

@@ -43,14 +43,19 @@ bool testSelectedUnits(TestRun& run, const TestContext& context) {
     const auto records = recordsOf(context, *run.section);
     const auto selectedCount = std::count(run.selected.begin(), run.selected.end(), 1);
     context.services.progress.start("Testing", static_cast<int>(selectedCount));
+    // The first record of each file and display name, as a row names them in any case.
+    std::unordered_map<std::string, std::size_t> byRow;
+    for (std::size_t i = 0; i < records.size(); ++i)
+        byRow.emplace(upperAscii(unitTestRow(records[i])), i);
     bool tookRow = false;
     for (std::size_t i = 0;; ++i) {
         context.host.yield();
         if (i >= run.rows.size()) break;
         if (!run.selected[i]) continue;
         tookRow = true;
-        const std::optional<std::size_t> index = recordOfTestRow(records, run.rows[i]);
-        if (!index) continue;  // a unit no longer in the catalogue
+        const auto found = byRow.find(upperAscii(run.rows[i]));
+        if (found == byRow.end()) continue;  // a unit no longer in the catalogue
+        const std::optional<std::size_t> index = found->second;
         testThisEngine(run, context, *index);
         context.services.progress.step();
     }
@@ -68,11 +73,16 @@ std::optional<std::size_t> recordOfTestRow(std::span<const UnitRecord> records,
                                            std::string_view row) {
     const std::size_t caret = row.rfind('^');
     if (caret == std::string_view::npos) return std::nullopt;
-    const std::string file = upperAscii(row.substr(caret + 1));
-    const std::string name = upperAscii(trimBlanks(row.substr(0, caret)));
+    const std::string_view file = row.substr(caret + 1);
+    const std::string name = trimBlanks(row.substr(0, caret));
+    // Compared without copies: a run matches every row against the whole catalogue.
+    auto same = [](std::string_view a, std::string_view b) {
+        return a.size() == b.size() && std::equal(a.begin(), a.end(), b.begin(), [](char x, char y) {
+                   return (x >= 'a' && x <= 'z' ? x - 32 : x) == (y >= 'a' && y <= 'z' ? y - 32 : y);
+               });
+    };
     for (std::size_t i = 0; i < records.size(); ++i)
-        if (upperAscii(records[i].fileName) == file && upperAscii(records[i].displayName) == name)
-            return i;
+        if (same(records[i].fileName, file) && same(records[i].displayName, name)) return i;
     return std::nullopt;
 }
 

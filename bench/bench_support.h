@@ -1,0 +1,97 @@
+#pragma once
+// What the benchmarks share: services that answer and start nothing, a plain whole-file read,
+// and the timing of contenders that take turns.
+#include <fcntl.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <chrono>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "core/platform/desktop.h"
+#include "core/platform/dialogs.h"
+
+namespace rakeyard::bench {
+
+using Clock = std::chrono::steady_clock;
+
+class OkDialogs : public Dialogs {
+public:
+    void report(std::string_view, Icon, std::string_view) override {}
+    Answer ask(std::string_view, Buttons buttons, Icon,
+                         Answer, std::string_view) override {
+        return buttons == Buttons::YesNo ? Answer::Yes : Answer::Ok;
+    }
+};
+
+class NoDesktop : public Desktop {
+public:
+    bool moveToTrash(const std::string&) override { return false; }
+    bool startProgram(const std::string&, const std::vector<std::string>&) override {
+        return false;
+    }
+    void openUrl(std::string_view) override {}
+};
+
+inline bool readWhole(const std::string& path, std::vector<char>& bytes) {
+    const int file = ::open(path.c_str(), O_RDONLY);
+    if (file < 0) return false;
+    struct stat status {};
+    if (::fstat(file, &status) != 0) {
+        ::close(file);
+        return false;
+    }
+    bytes.resize(static_cast<std::size_t>(status.st_size));
+    std::size_t got = 0;
+    while (got < bytes.size()) {
+        const ssize_t n = ::read(file, bytes.data() + got, bytes.size() - got);
+        if (n <= 0) break;
+        got += static_cast<std::size_t>(n);
+    }
+    ::close(file);
+    bytes.resize(got);
+    return true;
+}
+
+inline double cpuSeconds() {
+    rusage usage{};
+    getrusage(RUSAGE_SELF, &usage);
+    const auto seconds = [](const timeval& t) { return t.tv_sec + t.tv_usec / 1e6; };
+    return seconds(usage.ru_utime) + seconds(usage.ru_stime);
+}
+
+inline long peakMegabytes() {
+    rusage usage{};
+    getrusage(RUSAGE_SELF, &usage);
+    return usage.ru_maxrss / 1024;
+}
+
+// The wall and CPU times of each run of one contender, and the peak memory after it.
+struct Timings {
+    std::string name;
+    std::function<void()> work;
+    std::vector<double> wall;
+    std::vector<double> cpu;
+    long peak = 0;  // the process's, after the first run
+
+    void run() {
+        const double cpuBefore = cpuSeconds();
+        const Clock::time_point start = Clock::now();
+        work();
+        wall.push_back(std::chrono::duration<double>(Clock::now() - start).count());
+        cpu.push_back(cpuSeconds() - cpuBefore);
+        if (wall.size() == 1) peak = peakMegabytes();
+    }
+};
+
+inline double median(std::vector<double> values) {
+    std::sort(values.begin(), values.end());
+    const std::size_t n = values.size();
+    return n % 2 ? values[n / 2] : (values[n / 2 - 1] + values[n / 2]) / 2;
+}
+
+}  // namespace rakeyard::bench
