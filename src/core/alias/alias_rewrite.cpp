@@ -49,7 +49,9 @@ std::optional<std::u16string_view> firstQuoted(std::u16string_view line) {
     return line.substr(open + 1, close - open - 1);
 }
 
-std::u16string withoutQuotes(std::u16string_view name) {
+std::u16string withoutQuotes(std::u16string_view text) {
+    const std::u16string trimmed = trimBlanks(text);
+    std::u16string_view name = trimmed;
     if (name.size() >= 2 && name.front() == u'"' && name.back() == u'"')
         name = name.substr(1, name.size() - 2);
     return trimBlanks(name);
