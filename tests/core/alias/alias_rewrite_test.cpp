@@ -121,3 +121,24 @@ TEST(PrefixWavNames, RefusesAWavNameOutsideQuotes) {
 
 }  // namespace
 }  // namespace rakeyard
+
+namespace rakeyard {
+namespace {
+
+TEST(AliasRewriters, TakeAMegabyteLineAndTenThousandAceLinesWhole) {
+    const std::u16string name(1 << 20, u'a');
+    const auto longLine = prefixAceNames({u"\tGraphic ( " + name + u".ace )"}, kPrefix);
+    ASSERT_TRUE(longLine);
+    EXPECT_EQ(longLine->at(0), u"\tGraphic ( " + kPrefix + name + u".ace )");
+    const auto longWav = prefixWavNames({u"File ( \"" + name + u".wav\" )"}, kPrefix);
+    ASSERT_TRUE(longWav);
+    EXPECT_EQ(longWav->at(0).size(), name.size() + kPrefix.size() + 15);
+    std::vector<std::u16string> lines(10000, u"\tGraphic ( d.ace )");
+    const auto many = prefixAceNames(lines, kPrefix);
+    ASSERT_TRUE(many);
+    EXPECT_EQ(many->size(), 10000u);
+    EXPECT_EQ(many->back(), u"\tGraphic ( " + kPrefix + u"d.ace )");
+}
+
+}  // namespace
+}  // namespace rakeyard
