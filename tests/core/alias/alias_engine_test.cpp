@@ -5,7 +5,7 @@
 
 #include <filesystem>
 
-#include "alias_fixture.h"
+#include "support/alias_fixture.h"
 #include "core/alias/alias_restore.h"
 
 namespace rakeyard {

@@ -3,7 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "alias_fixture.h"
+#include "support/alias_fixture.h"
 #include "core/platform/paths.h"
 
 namespace rakeyard {

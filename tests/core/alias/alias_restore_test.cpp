@@ -4,7 +4,7 @@
 
 #include <filesystem>
 
-#include "alias_fixture.h"
+#include "support/alias_fixture.h"
 
 namespace rakeyard {
 namespace {

@@ -1,4 +1,4 @@
-#include "alias_fixture.h"
+#include "support/alias_fixture.h"
 
 #include <filesystem>
 
