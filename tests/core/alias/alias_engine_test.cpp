@@ -155,6 +155,17 @@ TEST_F(AliasFromEngine, RefusesAWavNameWithoutQuotesBeforeAnyChange) {
     EXPECT_FALSE(exists("Tgt/Tgt.eng.bk"));
 }
 
+TEST_F(AliasFromEngine, AReadOnlyTargetIsToldAndKeptWithoutABackup) {
+    const std::string before = read("Tgt/Tgt.eng");
+    std::filesystem::permissions(path("Tgt/Tgt.eng"), std::filesystem::perms::owner_write,
+                                 std::filesystem::perm_options::remove);
+    EXPECT_EQ(alias({"tgt.eng", "src.eng", "src.eng", true}), AliasOutcome::Refused);
+    EXPECT_THAT(fake.dialogs.texts().at(0), HasSubstr("read-only"));
+    EXPECT_EQ(read("Tgt/Tgt.eng"), before);
+    EXPECT_FALSE(exists("Tgt/Tgt.eng.bk"));  // the old file is whole: no copy is needed
+    EXPECT_TRUE(exists("Tgt/CABVIEW/old.cvf"));
+}
+
 // A write that fails at a chosen byte (a full disk) leaves the engine whole or restorable.
 TEST_F(AliasFromEngine, AFailedWriteLeavesTheEngineRestorable) {
     std::string bigCab = "Tr_CabViewFile (\n";
