@@ -47,9 +47,12 @@ AliasFileWindow::AliasFileWindow(const PathWindowLook& look, AppState& state, Se
 void AliasFileWindow::showPath() {
     const QString path = chooser->text();
     Label3->setText(path);
+    const std::string file = stdString(path);
     const std::optional<std::u16string> reference =
-        folderAliasReference(state_.paths, services_.fs, stdString(path));
-    lblPath->setText(reference ? qs(toUtf8(*reference)) : QString("(not inside Trainset)"));
+        services_.fs.isFile(file) ? folderAliasReference(state_.paths, services_.fs, file)
+                                  : std::nullopt;
+    lblPath->setText(reference ? qs(toUtf8(*reference))
+                               : QString("(choose a file inside the TRAINSET folder)"));
 }
 
 void AliasFileWindow::Command1_Click() {
