@@ -5,8 +5,8 @@
 
 #include <filesystem>
 
-#include "support/alias_fixture.h"
 #include "core/alias/alias_restore.h"
+#include "support/alias_fixture.h"
 
 namespace rakeyard {
 namespace {

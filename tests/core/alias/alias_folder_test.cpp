@@ -3,8 +3,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "support/alias_fixture.h"
 #include "core/platform/paths.h"
+#include "support/alias_fixture.h"
 
 namespace rakeyard {
 namespace {

@@ -4,8 +4,8 @@
 
 #include <filesystem>
 
-#include "support/alias_fixture.h"
 #include "core/platform/paths.h"
+#include "support/alias_fixture.h"
 
 namespace rakeyard {
 namespace {
