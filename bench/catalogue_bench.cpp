@@ -1,23 +1,29 @@
-// catalogue_bench: how long the catalogue load takes, against the floor of the same work.
+// catalogue_bench: the catalogue load against the floor of reading the same files.
 //
 //   catalogue_bench MSTS_FOLDER [RUNS]
 //
-// The catalogue load is readEngineFiles and readWagonFiles through the core, with the local
-// file system and no progress shown; the questions at the end are answered OK. The floor lists
-// the same folders, reads the same unit files and decodes them to UTF-16 strings on one thread,
-// and does nothing else. Each is run RUNS times (default 3) with the file cache warm, and the
-// best time counts. Prints both times, their ratio and the peak memory after each.
+// The load is readEngineFiles and readWagonFiles through the core, with the local file system
+// and no progress shown; the questions at the end are answered OK. It runs once on one thread
+// and once on all cores. The floor is what any load must pay: it lists the folders one below
+// Trainset, reads every ".eng" and ".wag" whole (open, fstat, one read, into a reused buffer)
+// and decodes it to UTF-16 on one thread, and does nothing else. The three take turns, RUNS
+// times (default 5) with the file cache warm, and the median of each counts: wall time and the
+// process's CPU time (user + system) over the run. Prints the figures, the ratios to the floor
+// and the process's peak memory after the first run of each (the contenders' peaks add up in
+// that order, so each figure is at most its own).
+#include <fcntl.h>
 #include <sys/resource.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
 #include <algorithm>
 #include <chrono>
 #include <cstdio>
 #include <filesystem>
-#include <fstream>
 #include <functional>
-#include <iterator>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "core/app/app_state.h"
 #include "core/msts/catalogue_reader.h"
@@ -54,32 +60,53 @@ bool isUnitFile(const std::filesystem::path& path) {
     return extension == ".ENG" || extension == ".WAG";
 }
 
-// The floor: every unit file one folder below Trainset listed, read whole and decoded.
+bool readWhole(const std::string& path, std::vector<char>& bytes) {
+    const int file = ::open(path.c_str(), O_RDONLY);
+    if (file < 0) return false;
+    struct stat status {};
+    if (::fstat(file, &status) != 0) {
+        ::close(file);
+        return false;
+    }
+    bytes.resize(static_cast<std::size_t>(status.st_size));
+    std::size_t got = 0;
+    while (got < bytes.size()) {
+        const ssize_t n = ::read(file, bytes.data() + got, bytes.size() - got);
+        if (n <= 0) break;
+        got += static_cast<std::size_t>(n);
+    }
+    ::close(file);
+    bytes.resize(got);
+    return true;
+}
+
+// The floor: every unit file one folder below Trainset listed, read whole and decoded. Returns
+// the number of line ends seen, so that no work can be left out.
 std::size_t readFloor(const std::filesystem::path& trainset) {
-    std::size_t characters = 0;
+    std::vector<std::string> files;
     for (const auto& folder : std::filesystem::directory_iterator(trainset)) {
         if (!folder.is_directory()) continue;
         for (const auto& file : std::filesystem::directory_iterator(folder.path())) {
-            if (!file.is_regular_file() || !isUnitFile(file.path())) continue;
-            std::ifstream in(file.path(), std::ios::binary);
-            const std::string bytes{std::istreambuf_iterator<char>(in), {}};
-            std::u16string text(bytes.size() / 2, u'\0');
-            for (std::size_t i = 0; i < text.size(); ++i)
-                text[i] = static_cast<char16_t>(static_cast<unsigned char>(bytes[2 * i]) |
-                                                static_cast<unsigned char>(bytes[2 * i + 1]) << 8);
-            characters += text.size();
+            if (file.is_regular_file() && isUnitFile(file.path()))
+                files.push_back(file.path().string());
         }
     }
-    return characters;
+    std::vector<char> bytes;
+    std::u16string text;
+    std::size_t lineEnds = 0;
+    for (const std::string& file : files) {
+        if (!readWhole(file, bytes)) continue;
+        text.resize(bytes.size() / 2);
+        const auto* data = reinterpret_cast<const unsigned char*>(bytes.data());
+        for (std::size_t i = 0; i < text.size(); ++i)
+            text[i] = static_cast<char16_t>(data[2 * i] | data[2 * i + 1] << 8);
+        lineEnds += static_cast<std::size_t>(std::count(text.begin(), text.end(), u'\n'));
+    }
+    return lineEnds;
 }
 
-struct CatalogueCount {
-    int engines = 0;
-    int wagons = 0;
-};
-
-// The catalogue load as start-up runs it, into a fresh state.
-CatalogueCount loadCatalogue(const std::string& msts, const std::string& home) {
+// The catalogue load as start-up runs it, into a fresh state. Returns the units stored.
+std::size_t loadCatalogue(const std::string& msts, const std::string& home, unsigned threads) {
     auto state = std::make_unique<rakeyard::AppState>();
     state->paths.programFolder = home;
     state->paths.mstsPath = msts;
@@ -91,32 +118,46 @@ CatalogueCount loadCatalogue(const std::string& msts, const std::string& home) {
     rakeyard::NoProgress progress;
     NoDesktop desktop;
     rakeyard::Services services{fs, dialogs, progress, desktop};
-    rakeyard::readEngineFiles(state->paths, state->catalogue, services, false);
-    rakeyard::readWagonFiles(state->paths, state->catalogue, services, false);
-    CatalogueCount count;
-    while (count.engines < static_cast<int>(state->catalogue.engines.size()) &&
-           !state->catalogue.engines[count.engines].fileName.empty())
-        ++count.engines;
-    while (count.wagons < static_cast<int>(state->catalogue.wagons.size()) &&
-           !state->catalogue.wagons[count.wagons].fileName.empty())
-        ++count.wagons;
-    return count;
+    rakeyard::readEngineFiles(state->paths, state->catalogue, services, false, threads);
+    rakeyard::readWagonFiles(state->paths, state->catalogue, services, false, threads);
+    return state->catalogue.engineCount + state->catalogue.wagonCount;
 }
 
-double bestSeconds(int runs, const std::function<void()>& work) {
-    double best = 1e300;
-    for (int i = 0; i < runs; ++i) {
-        const Clock::time_point start = Clock::now();
-        work();
-        best = std::min(best, std::chrono::duration<double>(Clock::now() - start).count());
-    }
-    return best;
+double cpuSeconds() {
+    rusage usage{};
+    getrusage(RUSAGE_SELF, &usage);
+    const auto seconds = [](const timeval& t) { return t.tv_sec + t.tv_usec / 1e6; };
+    return seconds(usage.ru_utime) + seconds(usage.ru_stime);
 }
 
 long peakMegabytes() {
     rusage usage{};
     getrusage(RUSAGE_SELF, &usage);
     return usage.ru_maxrss / 1024;
+}
+
+// The wall and CPU times of each run of one contender, and the peak memory after it.
+struct Timings {
+    std::string name;
+    std::function<void()> work;
+    std::vector<double> wall;
+    std::vector<double> cpu;
+    long peak = 0;  // the process's, after the first run
+
+    void run() {
+        const double cpuBefore = cpuSeconds();
+        const Clock::time_point start = Clock::now();
+        work();
+        wall.push_back(std::chrono::duration<double>(Clock::now() - start).count());
+        cpu.push_back(cpuSeconds() - cpuBefore);
+        if (wall.size() == 1) peak = peakMegabytes();
+    }
+};
+
+double median(std::vector<double> values) {
+    std::sort(values.begin(), values.end());
+    const std::size_t n = values.size();
+    return n % 2 ? values[n / 2] : (values[n / 2 - 1] + values[n / 2]) / 2;
 }
 
 }  // namespace
@@ -127,26 +168,36 @@ int main(int argc, char** argv) {
         return 2;
     }
     const std::string msts = std::filesystem::absolute(argv[1]).lexically_normal().string();
-    const int runs = argc > 2 ? std::max(1, std::stoi(argv[2])) : 3;
+    const int runs = argc > 2 ? std::max(1, std::stoi(argv[2])) : 5;
     const std::filesystem::path home =
         std::filesystem::temp_directory_path() / "rakeyard-catalogue-bench";
     std::filesystem::create_directories(home / "Reports");
 
-    std::size_t characters = readFloor(msts + "/TRAINS/TRAINSET");  // warms the file cache
-    const double floor =
-        bestSeconds(runs, [&] { characters = readFloor(msts + "/TRAINS/TRAINSET"); });
-    const long floorPeak = peakMegabytes();
-
-    CatalogueCount count;
-    const double catalogue = bestSeconds(runs, [&] { count = loadCatalogue(msts, home.string()); });
-    const long cataloguePeak = peakMegabytes();
+    std::size_t lineEnds = 0;
+    std::size_t units = 0;
+    std::vector<Timings> contenders = {
+        {"floor, 1 thread", [&] { lineEnds = readFloor(msts + "/TRAINS/TRAINSET"); }},
+        {"load, 1 thread", [&] { units = loadCatalogue(msts, home.string(), 1); }},
+        {"load, all cores", [&] { units = loadCatalogue(msts, home.string(), 0); }},
+    };
+    contenders[0].work();  // warms the file cache
+    for (int i = 0; i < runs; ++i) {
+        for (Timings& contender : contenders)
+            contender.run();
+    }
     std::filesystem::remove_all(home);
 
+    const double floorWall = median(contenders[0].wall);
+    const double floorCpu = median(contenders[0].cpu);
     std::printf("installation: %s\n", msts.c_str());
-    std::printf("catalogue:    %d engines, %d wagons\n", count.engines, count.wagons);
-    std::printf("floor:        %.3f s  (%zu characters decoded)  peak %ld MB\n", floor, characters,
-                floorPeak);
-    std::printf("catalogue:    %.3f s  peak %ld MB\n", catalogue, cataloguePeak);
-    std::printf("ratio:        %.2f x the floor (best of %d runs each)\n", catalogue / floor, runs);
+    std::printf("units stored: %zu; line ends the floor decoded: %zu\n", units, lineEnds);
+    std::printf("median of %d runs each, taking turns:\n", runs);
+    for (const Timings& c : contenders) {
+        const double wall = median(c.wall);
+        const double cpu = median(c.cpu);
+        std::printf("  %-16s wall %.3f s (%.2fx)  cpu %.3f s (%.2fx)  peak %ld MB\n",
+                    c.name.c_str(), wall, wall / floorWall, cpu, cpu / floorCpu, c.peak);
+    }
+    std::printf("ratios are to the floor; peak memory is the process's after the first run\n");
     return 0;
 }

@@ -21,6 +21,7 @@ int runCatalogueWagons(CliContext& context, CommandArguments& arguments);
 int runConsistShow(CliContext& context, CommandArguments& arguments);
 int runConsistCopy(CliContext& context, CommandArguments& arguments);
 int runConsistNew(CliContext& context, CommandArguments& arguments);
+int runTestEngines(CliContext& context, CommandArguments& arguments);
 int runAliasList(CliContext& context, CommandArguments& arguments);
 int runAliasEngine(CliContext& context, CommandArguments& arguments);
 int runAliasCabFolder(CliContext& context, CommandArguments& arguments);

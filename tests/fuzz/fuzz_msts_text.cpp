@@ -10,10 +10,13 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     using namespace rakeyard;
     const std::string_view bytes(reinterpret_cast<const char*>(data), size);
     (void)isUnicodeText(bytes);
+    (void)decodeMstsText(bytes);
+    UnitText unit;
     for (bool cutDescription : {false, true}) {
-        MstsText text = decodeMstsText(bytes);
-        stripUnitText(text, cutDescription);
-        const MstsText upper = upperText(text);
+        stripUnitText(bytes, cutDescription, unit);
+        const std::u16string_view text = unit.text();
+        const std::u16string_view upper = unit.upper();
+        if (upper != upperText(text)) __builtin_trap();
         for (std::u16string_view keyword :
              {u"WAGON", u"WAGONSHAPE", u"SIZE", u"MASS", u"TYPE", u"NAME", u"MAXPOWER"}) {
             for (std::size_t start :

@@ -70,11 +70,16 @@ std::optional<std::string> FailingFileSystem::writeChunk(std::FILE* file, std::u
     return std::make_error_code(std::errc::no_space_on_device).message();
 }
 
-BoundedRead FailingFileSystem::readFileUpTo(const std::string& path, std::uintmax_t limit) {
+ReadOutcome FailingFileSystem::readFileInto(const std::string& path, std::uintmax_t limit,
+                                            std::string& bytes) {
     const std::string name = lastPathPart(path);
-    for (const std::string& unreadable : unreadableNames)
-        if (name == unreadable) return {};
-    return LocalFileSystem::readFileUpTo(path, limit);
+    for (const std::string& unreadable : unreadableNames) {
+        if (name == unreadable) {
+            bytes.clear();
+            return ReadOutcome::Unreadable;
+        }
+    }
+    return LocalFileSystem::readFileInto(path, limit, bytes);
 }
 
 }  // namespace rakeyard::test

@@ -66,7 +66,8 @@ class FailingFileSystem : public LocalFileSystem {
 public:
     std::optional<std::size_t> failAfterBytes;
     std::vector<std::string> unreadableNames;
-    BoundedRead readFileUpTo(const std::string& path, std::uintmax_t limit) override;
+    ReadOutcome readFileInto(const std::string& path, std::uintmax_t limit,
+                             std::string& bytes) override;
 
 protected:
     std::optional<std::string> writeChunk(std::FILE* file, std::uintmax_t offset,

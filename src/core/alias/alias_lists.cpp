@@ -35,8 +35,8 @@ std::vector<std::string> filesWith(FileSystem& fs, const std::string& folder,
 // Opening is all that is asked of an engine without a CABVIEW folder: a read limited to no
 // bytes opens the file and stops there.
 bool opens(FileSystem& fs, const std::string& path) {
-    const BoundedRead read = fs.readFileUpTo(path, 0);
-    return read.bytes.has_value() || read.tooLarge;
+    std::string nothing;
+    return fs.readFileInto(path, 0, nothing) != ReadOutcome::Unreadable;
 }
 
 void examineCab(const EngineRecord& engine, FileSystem& fs, EngineFindings& found) {

@@ -27,7 +27,7 @@ std::string chooserLine(const std::string& fileName, int wagons) {
     return line + std::to_string(wagons) + " wagons";
 }
 
-int countWagons(const ConsistLines& file) {
+int countWagons(const TextLines& file) {
     int count = 0;
     for (const std::u16string& line : file.lines) {
         if (line.find(u"WagonData") != std::u16string::npos) ++count;
@@ -58,7 +58,7 @@ void readConsistFiles(const ConsistContext& app, Services& services, ConsistChoo
             continue;
         }
         chooser.files.push_back(entry.name);
-        chooser.lines.push_back(chooserLine(entry.name, countWagons(consistLines(*bytes))));
+        chooser.lines.push_back(chooserLine(entry.name, countWagons(textLines(*bytes))));
     }
 }
 
@@ -74,7 +74,7 @@ std::optional<std::string> chooseConsistLine(const ConsistContext& app, Services
                                 Icon::Stop);
         return std::nullopt;
     }
-    for (const std::u16string& line : consistLines(*bytes).lines) {
+    for (const std::u16string& line : textLines(*bytes).lines) {
         if (line.find(u"Name") == std::u16string::npos) continue;
         const ConsistName name = nameOfLine(line);
         if (name.inError) {

@@ -5,19 +5,9 @@
 #include <string_view>
 #include <vector>
 
-namespace rakeyard {
+#include "core/msts/text_lines.h"
 
-// The lines of a consist file as the reader sees them. A file that starts with FF FE is UTF-16
-// LE text; any other file is read as 8-bit text with its zero bytes dropped. A line ends at CR,
-// and an LF right behind it is swallowed; a lone LF stays in its line. The mark FF FE is not
-// part of line 1.
-struct ConsistLines {
-    std::vector<std::u16string> lines;
-    bool hasMark = false;
-    // The length of line 1 as the Unicode test counts it: the mark counts as two characters.
-    std::size_t firstLineLength() const;
-};
-[[nodiscard]] ConsistLines consistLines(std::string_view bytes);
+namespace rakeyard {
 
 // A word of a consist file as written: its text, and whether it stood in double quotes.
 struct ConsistWord {

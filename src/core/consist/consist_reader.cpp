@@ -270,7 +270,7 @@ long long openBlocksAtEnd(const std::vector<std::u16string>& lines) {
 }
 
 // What of the file the editor could not take, one line a reason; "" when it took it all.
-std::string notLoadedPart(std::string_view bytes, const ConsistLines& file, long long units) {
+std::string notLoadedPart(std::string_view bytes, const TextLines& file, long long units) {
     std::string reasons;
     if (units > kUsedSlots)
         reasons += "It holds " + std::to_string(units) + " units: only the first " +
@@ -352,7 +352,7 @@ std::string consistNameOf(std::string_view path) {
 
 EditorConsistRead readConsistForEditor(std::string_view bytes) {
     EditorConsistRead read;
-    const ConsistLines file = consistLines(bytes);
+    const TextLines file = textLines(bytes);
     if (file.firstLineLength() != kUnicodeFirstLine) {
         read.fault = EditorConsistRead::Fault::NotUnicode;
         return read;

@@ -23,7 +23,7 @@ struct UnitKind {
     std::size_t loadLimit;  // the count above which the user is warned
     std::string_view errorsQuestion;
     UnitFileResult (*readFile)(std::optional<std::string_view>, const std::string&,
-                               const std::string&, bool);
+                               const std::string&, bool, UnitText&);
     bool skipsDefaultWagon;
 };
 
@@ -44,6 +44,12 @@ const UnitKind kWagons{".WAG",
                        "WARNING: one or more errors have been found while reading wagon files.",
                        readWagonFile,
                        true};
+
+// What a worker keeps from file to file: the bytes read and the text made of them.
+struct WorkerBuffers {
+    std::string bytes;
+    UnitText text;
+};
 
 unsigned defaultWorkerCount() {
     const unsigned cores = std::thread::hardware_concurrency();
@@ -75,9 +81,10 @@ void readUnitFiles(const UnitKind& kind, const PathGlobals& paths, std::span<Uni
     for (UnitRecord& record : records)
         record = UnitRecord{};
     count = 0;
+    const unsigned workers = workerThreads == 0 ? defaultWorkerCount() : workerThreads;
     const std::vector<TrainsetFile> listing = listTrainsetFiles(
         paths, services, kind.loadingLabel,
-        [&](std::string_view name) { return hasExtension(name, kind.extension); });
+        [&](std::string_view name) { return hasExtension(name, kind.extension); }, workers);
     if (listing.size() > kind.loadLimit) {
         services.dialogs.report(
             std::to_string(listing.size()) + " " + std::string(kind.plural) +
@@ -89,21 +96,22 @@ void readUnitFiles(const UnitKind& kind, const PathGlobals& paths, std::span<Uni
     if (listing.empty()) return;
 
     services.progress.start(kind.retrievingLabel, static_cast<int>(listing.size()));
-    const auto readOne = [&](std::size_t i) {
+    const auto readOne = [&](std::size_t i, WorkerBuffers& buffers) {
         const TrainsetFile& entry = listing[i];
         if (kind.skipsDefaultWagon && upperAscii(entry.file) == "DEFAULT.WAG")
             return UnitFileResult{};
         try {
-            const BoundedRead read =
-                services.fs.readFileUpTo(joinPath(entry.folder, entry.file), kUnitFileSizeLimit);
-            if (read.tooLarge) return tooLargeUnitFile(entry.file, entry.folder);
-            const std::optional<std::string>& bytes = read.bytes;
-            return kind.readFile(bytes ? std::optional<std::string_view>(*bytes) : std::nullopt,
-                                 entry.file, entry.folder, debugMode);
+            const ReadOutcome read = services.fs.readFileInto(joinPath(entry.folder, entry.file),
+                                                              kUnitFileSizeLimit, buffers.bytes);
+            if (read == ReadOutcome::TooLarge) return tooLargeUnitFile(entry.file, entry.folder);
+            const std::optional<std::string_view> bytes =
+                read == ReadOutcome::Read ? std::optional<std::string_view>(buffers.bytes)
+                                          : std::nullopt;
+            return kind.readFile(bytes, entry.file, entry.folder, debugMode, buffers.text);
         } catch (const std::exception&) {
             // Memory ran out for this file: it is refused like an unreadable one, and the
             // reading goes on.
-            return kind.readFile(std::nullopt, entry.file, entry.folder, debugMode);
+            return kind.readFile(std::nullopt, entry.file, entry.folder, debugMode, buffers.text);
         }
     };
     bool errorsFound = false;
@@ -125,8 +133,7 @@ void readUnitFiles(const UnitKind& kind, const PathGlobals& paths, std::span<Uni
         if (result.recordBegun) records[next] = std::move(result.record);
         if (result.accepted) ++next;
     };
-    forEachInOrder<UnitFileResult>(
-        listing.size(), workerThreads == 0 ? defaultWorkerCount() : workerThreads, readOne, store);
+    forEachInOrder<UnitFileResult, WorkerBuffers>(listing.size(), workers, readOne, store);
     count = next;
     if (errorsFound) offerToKeepStartErrors(paths, kind, reportWhole, services);
 }

@@ -9,22 +9,18 @@ namespace {
 
 using namespace unit_file;
 
-const UnitWords kEngineWords{"engine", "engines", " - Engines"};
+const UnitWords kEngineWords{"engine",
+                             "engines",
+                             " - Engines",
+                             {"Removing DESCRIPTION - Engines", "Removing COMMENTS - Engines",
+                              "Removing special coupling types - Engines"}};
 
 // The engine section is looked for from this position of the text behind the couplers on.
 constexpr std::size_t kEngineSearchStart = 100;
 
-CouplerTexts engineCouplerTexts(const FileSteps& steps) {
-    const std::string tail = " and so it couldn't be added to the engines list.";
-    return {
-        "Cannot locate the line \"Type (\" in the file " + steps.file +
-            "(Rear coupler section) and so it couldn't be added to the engines list.",
-        steps.errorOnLine("Type") + " (Rear coupler)" + std::string(kCrLf) + tail,
-        "Cannot locate the line \"Type (\" in the file " + steps.file +
-            "(Coupler section) and so it couldn't be added to the engines list.",
-        steps.errorOnLine("Type") + " (front coupler)" + std::string(kCrLf) + tail,
-    };
-}
+const CouplerTexts kEngineCouplerTexts{"(Rear coupler section)", " (Rear coupler)",
+                                       "(Coupler section)",
+                                       " and so it couldn't be added to the engines list."};
 
 bool readEngineType(WorkingText& text, FileSteps& steps) {
     steps.stepTitle("ENGINE line");
@@ -88,24 +84,17 @@ bool hasCabView(const WorkingText& text) {
     return close != 0 && findLastUpTo(text.upper(), u".CVF", close) != 0;
 }
 
-bool readEngineText(std::optional<std::string_view> bytes, FileSteps& steps) {
-    MstsText decoded;
-    if (!prepareText(bytes, steps, true, "The file " + steps.file + " isn't a Unicode file!",
-                     decoded))
-        return false;
-    WorkingText text(std::move(decoded));
-    if (!readWagonLine(text, steps,
-                       "Cannot locate the line \"Wagon (\" in the file " + steps.file +
-                           " and so it couldn't be added to the engines list.",
-                       ".eng"))
-        return false;
+bool readEngineText(std::optional<std::string_view> bytes, FileSteps& steps, UnitText& decoded) {
+    if (!prepareText(bytes, steps, true, " isn't a Unicode file!", decoded)) return false;
+    WorkingText text(decoded);
+    if (!readWagonLine(text, steps, " ", ".eng")) return false;
     if (!readShapeSizeMass(text, steps)) return false;
 
     UnitRecord& record = steps.result.record;
     const bool hasCouplings =
         findFrom(text.upper(), u"COUPLING") != 0 || findFrom(text.upper(), u"BUFFERS") != 0;
     if (hasCouplings) {
-        if (!readCouplers(text, steps, engineCouplerTexts(steps))) return false;
+        if (!readCouplers(text, steps, kEngineCouplerTexts)) return false;
     } else {
         record.couplerFront = "?";
         record.couplerRear = "?";
@@ -119,11 +108,12 @@ bool readEngineText(std::optional<std::string_view> bytes, FileSteps& steps) {
 }  // namespace
 
 UnitFileResult readEngineFile(std::optional<std::string_view> bytes, const std::string& file,
-                              const std::string& folderPath, bool withPassTitles) {
+                              const std::string& folderPath, bool withPassTitles,
+                              UnitText& buffers) {
     UnitFileResult result;
     FileSteps steps(file, folderPath, kEngineWords, result, withPassTitles);
     try {
-        result.accepted = readEngineText(bytes, steps);
+        result.accepted = readEngineText(bytes, steps, buffers);
     } catch (const std::exception&) {
         // Only a file too big for memory gets here.
         result.accepted = false;

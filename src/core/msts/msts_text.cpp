@@ -1,7 +1,11 @@
 #include "core/msts/msts_text.h"
 
+#include <bit>
+#include <cstdint>
+#include <cstring>
 #include <optional>
 
+#include "core/msts/text_scan.h"
 #include "core/platform/text_utf.h"
 
 namespace rakeyard {
@@ -55,6 +59,31 @@ bool onlyBlanksBetween(std::u16string_view text, std::size_t first, std::size_t 
     return true;
 }
 
+// The first start at or after at (0-based) of the needle, or npos.
+// Keywords begin with letters that are everywhere in an upper-cased text, but their first two
+// characters together are rare: four starts are tested at once for those.
+std::size_t findAt(std::u16string_view text, std::u16string_view needle, std::size_t at) {
+    const std::size_t last = text.size() - needle.size();  // the last start that fits
+    const auto matchesAt = [&](std::size_t i) { return text.substr(i, needle.size()) == needle; };
+    if (needle.size() >= 2 && std::endian::native == std::endian::little) {
+        for (; at + 4 <= last; at += 4) {
+            std::uint64_t starts =
+                text_scan::lanesEqual(text_scan::load8(&text[at]), needle[0]) &
+                text_scan::lanesEqual(text_scan::load8(&text[at + 1]), needle[1]);
+            for (; starts != 0; starts &= starts - 1) {
+                const std::size_t i = at + std::countr_zero(starts) / 16;
+                if (matchesAt(i)) return i;
+            }
+        }
+    }
+    for (; at <= last; ++at) {
+        at = text.find(needle[0], at);
+        if (at == std::u16string_view::npos || at > last) return std::u16string_view::npos;
+        if (matchesAt(at)) return at;
+    }
+    return std::u16string_view::npos;
+}
+
 }  // namespace
 
 bool isUnicodeText(std::string_view bytes) {
@@ -80,21 +109,17 @@ std::string encodeMstsText(std::u16string_view text) {
 }
 
 MstsText decodeMstsText(std::string_view bytes) {
+    MstsText text(decodedLengthLimit(bytes), u'\0');
+    text.resize(decodeMstsText(bytes, text.data()));
+    return text;
+}
+
+// A CR becomes CR LF, whose LF then becomes CR LF: three characters; a lone LF two.
+std::size_t decodeMstsText(std::string_view bytes, char16_t* const text) {
     const std::size_t units = bytes.size() / 2;
-    const auto unitAt = [&](std::size_t i) {
-        return static_cast<char16_t>(static_cast<unsigned char>(bytes[2 * i]) |
-                                     (static_cast<unsigned char>(bytes[2 * i + 1]) << 8));
-    };
-    // A CR becomes CR LF, whose LF then becomes CR LF: three characters; a lone LF two.
-    std::size_t length = units;
-    for (std::size_t i = 0; i < units; ++i) {
-        const char16_t c = unitAt(i);
-        length += (c == u'\r') * 2 + (c == u'\n');
-    }
-    MstsText text(length, u' ');
-    char16_t* out = text.data();
-    for (std::size_t i = 0; i < units; ++i) {
-        const char16_t c = unitAt(i);
+    const auto* data = reinterpret_cast<const unsigned char*>(bytes.data());
+    char16_t* out = text;
+    const auto put = [&out](char16_t c) {
         if (c == u'\r') {
             *out++ = u'\r';
             *out++ = u'\r';
@@ -105,8 +130,26 @@ MstsText decodeMstsText(std::string_view bytes) {
         } else {
             *out++ = c == u'\t' ? u' ' : c;
         }
+    };
+    std::size_t i = 0;
+    if constexpr (std::endian::native == std::endian::little) {
+        // Four characters at a time while none is a CR or LF: the bytes are the characters
+        // already, and tabs become blanks in place.
+        for (; i + 4 <= units; i += 4) {
+            std::uint64_t word = text_scan::load8(data + 2 * i);
+            if (text_scan::lanesEqual(word, u'\r') | text_scan::lanesEqual(word, u'\n')) {
+                for (std::size_t k = i; k < i + 4; ++k)
+                    put(static_cast<char16_t>(data[2 * k] | (data[2 * k + 1] << 8)));
+                continue;
+            }
+            word ^= (text_scan::lanesEqual(word, u'\t') >> 15) * (u'\t' ^ u' ');
+            std::memcpy(out, &word, sizeof word);
+            out += 4;
+        }
     }
-    return text;
+    for (; i < units; ++i)
+        put(static_cast<char16_t>(data[2 * i] | (data[2 * i + 1] << 8)));
+    return static_cast<std::size_t>(out - text);
 }
 
 MstsText readMstsText(FileSystem& fs, const std::string& path) {
@@ -121,15 +164,8 @@ MstsText upperText(std::u16string_view text) {
 std::size_t findFrom(std::u16string_view text, std::u16string_view needle, std::size_t from) {
     if (from == 0) from = 1;
     if (needle.empty() || from > text.size() || needle.size() > text.size() - (from - 1)) return 0;
-    // The byte search of the standard library is far quicker than its UTF-16 one; a match at
-    // an odd byte is no match of characters.
-    const std::string_view bytes(reinterpret_cast<const char*>(text.data()), 2 * text.size());
-    const std::string_view wanted(reinterpret_cast<const char*>(needle.data()), 2 * needle.size());
-    for (std::size_t at = bytes.find(wanted, 2 * (from - 1)); at != std::string_view::npos;
-         at = bytes.find(wanted, at + 1)) {
-        if (at % 2 == 0) return at / 2 + 1;
-    }
-    return 0;
+    const std::size_t found = findAt(text, needle, from - 1);
+    return found == std::u16string_view::npos ? 0 : found + 1;
 }
 
 std::size_t findLastUpTo(std::u16string_view text, std::u16string_view needle, std::size_t upTo) {

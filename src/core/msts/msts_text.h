@@ -25,6 +25,13 @@ using MstsText = std::u16string;
 // blank, every CR into CR LF and then every LF into CR LF: a line end CR LF of the file becomes
 // CR CR LF CR LF. Readers rely only on the LF of it.
 [[nodiscard]] MstsText decodeMstsText(std::string_view bytes);
+// The most characters decoding can make of the bytes: three for each, were all of them CR.
+[[nodiscard]] inline std::size_t decodedLengthLimit(std::string_view bytes) {
+    return 3 * (bytes.size() / 2);
+}
+// The same into out, which holds at least decodedLengthLimit(bytes) characters; returns how
+// many it wrote.
+std::size_t decodeMstsText(std::string_view bytes, char16_t* out);
 
 // The bytes of an MSTS file holding text: FF FE, then the text as UTF-16 LE.
 [[nodiscard]] std::string encodeMstsText(std::u16string_view text);
@@ -38,15 +45,43 @@ struct StripTitles {
     std::string_view couplings;
 };
 
-// The cleaning passes of unit files, in order:
+class UnitText;
+
+// The bytes of a unit file decoded as decodeMstsText does, then the cleaning passes, in order:
 //  - when cutDescription: everything from the last "Description (" (else the last
 //    "Description ") on is dropped;
 //  - each "Comment" (any case) up to the next ")" (else the next LF) is taken, and every
 //    occurrence of that exact piece anywhere in the text becomes one blank;
 //  - every "CouplingUniqueType", then every "CouplingHasRigidConnection" becomes one blank.
-// When debug is given, each pass's title goes to its third debug label before the pass runs.
-void stripUnitText(MstsText& text, bool cutDescription, const StripTitles* titles = nullptr,
-                   Progress* debug = nullptr);
+// The result, with its upper-cased twin, replaces what text held. When debug is given, each
+// pass's title goes to its third debug label before the pass runs.
+void stripUnitText(std::string_view bytes, bool cutDescription, UnitText& text,
+                   const StripTitles* titles = nullptr, Progress* debug = nullptr);
+
+// The cleaned working text of a unit file and its upper-cased twin, in which the keyword
+// searches look. The buffers are kept from file to file: a catalogue worker holds one
+// UnitText, so that the texts of thousands of files are not each made in new memory.
+class UnitText {
+public:
+    virtual ~UnitText() = default;
+    std::u16string_view text() const { return {text_.data(), length_}; }
+    std::u16string_view upper() const { return {upper_.data(), length_}; }
+    // What the unit readers call: stripUnitText. A test puts a plain version in its place to
+    // compare whole catalogues with it.
+    virtual void strip(std::string_view bytes, bool cutDescription, const StripTitles* titles,
+                       Progress* debug) {
+        stripUnitText(bytes, cutDescription, *this, titles, debug);
+    }
+
+protected:
+    // Storage at least length_ long, kept from file to file.
+    MstsText text_;
+    MstsText upper_;
+    std::size_t length_ = 0;
+
+private:
+    friend void stripUnitText(std::string_view, bool, UnitText&, const StripTitles*, Progress*);
+};
 
 // ASCII upper case of a working text; positions stay those of the text.
 [[nodiscard]] MstsText upperText(std::u16string_view text);

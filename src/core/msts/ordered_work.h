@@ -7,6 +7,7 @@
 #include <optional>
 #include <system_error>
 #include <thread>
+#include <type_traits>
 #include <vector>
 
 namespace rakeyard {
@@ -19,14 +20,28 @@ struct JobOutcome {
     bool ready() const { return result.has_value() || failure != nullptr; }
 };
 
-// Runs work(i) for i = 0 .. count-1 on worker threads and apply(i, result) on the calling
-// thread strictly in order of i, so the outcome is that of a serial run. Workers run at most
-// kWindow results ahead of apply. What work(i) throws is thrown on the calling thread when i's
-// turn comes, as a serial run would; what work or apply throws ends the run (the workers are
-// stopped and joined) and goes on to the caller.
-template <typename Result, typename Work, typename Apply, std::size_t kWindow = 64>
+// What a worker keeps from job to job when the work needs nothing.
+struct NoScratch {};
+
+// Runs work(i) for i = 0 .. count-1 on `workers` threads, the calling one among them, and
+// apply(i, result) on the calling thread strictly in order of i, so the outcome is that of a
+// serial run. The calling thread applies what is ready and otherwise works too, so it seldom
+// sleeps. Work runs at most kWindow results ahead of apply. What work(i) throws is thrown on
+// the calling thread when i's turn comes, as a serial run would; what work or apply throws ends
+// the run (the other threads are stopped and joined) and goes on to the caller. With a Scratch
+// type, each thread makes one and work is called as work(i, scratch), so buffers can be reused
+// from job to job.
+template <typename Result, typename Scratch = NoScratch, typename Work, typename Apply,
+          std::size_t kWindow = 64>
 void forEachInOrder(std::size_t count, unsigned workers, Work work, Apply apply) {
-    constexpr std::size_t kChunk = kWindow < 8 ? 1 : 8;  // jobs a worker takes at once
+    const auto doJob = [&work](std::size_t job, Scratch& scratch) {
+        if constexpr (std::is_invocable_v<Work&, std::size_t, Scratch&>) {
+            return work(job, scratch);
+        } else {
+            return work(job);
+        }
+    };
+    constexpr std::size_t kChunk = kWindow < 8 ? 1 : 8;  // jobs a thread takes at once
     std::vector<JobOutcome<Result>> slots(kWindow);
     std::mutex mutex;
     std::condition_variable changed;
@@ -34,33 +49,41 @@ void forEachInOrder(std::size_t count, unsigned workers, Work work, Apply apply)
     std::size_t applied = 0;
     bool stopping = false;
 
+    // Takes the next jobs that fit in the window, runs them without the lock and files their
+    // outcomes. False when there was nothing to take. The lock is held on entry and on return.
+    const auto runChunk = [&](std::unique_lock<std::mutex>& lock, Scratch& scratch) {
+        if (stopping || nextJob >= count || nextJob >= applied + kWindow) return false;
+        const std::size_t first = nextJob;
+        const std::size_t last = std::min({count, first + kChunk, applied + kWindow});
+        nextJob = last;
+        lock.unlock();
+        std::vector<JobOutcome<Result>> outcomes(last - first);
+        for (std::size_t job = first; job < last; ++job) {
+            try {
+                outcomes[job - first].result.emplace(doJob(job, scratch));
+            } catch (...) {
+                outcomes[job - first].failure = std::current_exception();
+            }
+        }
+        lock.lock();
+        for (std::size_t job = first; job < last; ++job)
+            slots[job % kWindow] = std::move(outcomes[job - first]);
+        changed.notify_all();
+        return true;
+    };
+
     const auto workerLoop = [&] {
+        Scratch scratch;
+        std::unique_lock lock(mutex);
         for (;;) {
-            std::unique_lock lock(mutex);
             changed.wait(
                 lock, [&] { return stopping || nextJob >= count || nextJob < applied + kWindow; });
-            if (stopping || nextJob >= count) return;
-            const std::size_t first = nextJob;
-            const std::size_t last = std::min({count, first + kChunk, applied + kWindow});
-            nextJob = last;
-            lock.unlock();
-            std::vector<JobOutcome<Result>> outcomes(last - first);
-            for (std::size_t job = first; job < last; ++job) {
-                try {
-                    outcomes[job - first].result.emplace(work(job));
-                } catch (...) {
-                    outcomes[job - first].failure = std::current_exception();
-                }
-            }
-            lock.lock();
-            for (std::size_t job = first; job < last; ++job)
-                slots[job % kWindow] = std::move(outcomes[job - first]);
-            changed.notify_all();
+            if (!runChunk(lock, scratch)) return;
         }
     };
 
     std::vector<std::thread> threads;
-    for (unsigned i = 0; i < std::min<std::size_t>(workers, count) && count > 1; ++i) {
+    for (unsigned i = 1; i < std::min<std::size_t>(workers, count); ++i) {
         try {
             threads.emplace_back(workerLoop);
         } catch (const std::system_error&) {
@@ -77,9 +100,10 @@ void forEachInOrder(std::size_t count, unsigned workers, Work work, Apply apply)
             t.join();
     };
 
+    Scratch scratch;
     if (threads.empty()) {
         for (std::size_t i = 0; i < count; ++i) {
-            Result result = work(i);
+            Result result = doJob(i, scratch);
             apply(i, result);
         }
         return;
@@ -88,7 +112,9 @@ void forEachInOrder(std::size_t count, unsigned workers, Work work, Apply apply)
         for (std::size_t i = 0; i < count; ++i) {
             std::unique_lock lock(mutex);
             JobOutcome<Result>& slot = slots[i % kWindow];
-            changed.wait(lock, [&] { return slot.ready(); });
+            while (!slot.ready()) {
+                if (!runChunk(lock, scratch)) changed.wait(lock);
+            }
             if (slot.failure) std::rethrow_exception(slot.failure);
             Result result = std::move(*slot.result);
             slot = {};

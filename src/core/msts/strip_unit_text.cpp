@@ -1,238 +1,132 @@
 #include <algorithm>
-#include <cstdint>
-#include <map>
-#include <set>
-#include <unordered_map>
 #include <vector>
 
+#include "core/msts/comment_pass.h"
 #include "core/msts/msts_text.h"
+#include "core/msts/text_scan.h"
 #include "core/platform/progress.h"
 
 namespace rakeyard {
 
 namespace {
 
-constexpr std::u16string_view kComment = u"COMMENT";
+constexpr std::u16string_view kCouplingWords[] = {u"CouplingUniqueType",
+                                                  u"CouplingHasRigidConnection"};
 
-// 0-based starts of "COMMENT" in any letter case. The word cannot overlap itself.
-std::vector<std::size_t> commentWords(std::u16string_view text) {
-    std::vector<std::size_t> found;
-    const MstsText upper = upperText(text);
-    for (std::size_t at = findFrom(upper, kComment); at != 0;
-         at = findFrom(upper, kComment, at + kComment.size()))
-        found.push_back(at - 1);
-    return found;
+// True when c is the ASCII letter given in lower case, in either case.
+bool isLetter(char16_t c, char16_t lower) {
+    return (c | 0x20) == lower;
 }
 
-// The text as the comment pass sees it while it works: the original text with ranges cut out,
-// each of which now stands as one blank. Replacing a piece everywhere in a long text would
-// otherwise copy the text once per comment; here the text is built once at the end.
-//
-// Every piece starts with a "Comment" word and ends at the first ")" behind it (or, with none
-// left, the first LF), and no cut creates a new word (the blank is no part of one). So the
-// words found at the start are all there ever are, and the piece standing at a word is that
-// word's own piece: an occurrence of a piece can only be a word whose own piece equals it.
-class CommentPass {
-public:
-    explicit CommentPass(std::u16string_view text) : text_(text), words_(commentWords(text)) {}
-
-    bool hasWords() const { return !words_.empty(); }
-    MstsText run();
-
-private:
-    // A reader of the current text from a 0-based position that is no part of a cut.
-    class Cursor {
-    public:
-        Cursor(const CommentPass& pass, std::size_t pos)
-            : pass_(pass), pos_(pos), next_(pass.cuts_.lower_bound(pos)) {}
-        bool atEnd() const { return pos_ >= pass_.text_.size(); }
-        std::size_t pos() const { return pos_; }
-        char16_t get() const { return atCut() ? u' ' : pass_.text_[pos_]; }
-        void advance() {
-            if (atCut()) {
-                pos_ = next_->second + 1;
-                ++next_;
-            } else {
-                ++pos_;
-            }
-        }
-
-    private:
-        bool atCut() const { return next_ != pass_.cuts_.end() && next_->first == pos_; }
-        const CommentPass& pass_;
-        std::size_t pos_;
-        std::map<std::size_t, std::size_t>::const_iterator next_;
-    };
-
-    static constexpr std::size_t kNone = std::u16string_view::npos;
-    // Up to this many words every later word is compared with each piece; beyond it only the
-    // words whose own piece hashes alike, and those whose own piece a cut has changed.
-    static constexpr std::size_t kFewWords = 64;
-
-    std::size_t findAfter(char16_t c, std::size_t pos) const;
-    std::u16string piece(std::size_t first, std::size_t last) const;
-    std::size_t matchEnd(std::size_t pos, std::u16string_view piece) const;
-    void cut(std::size_t first, std::size_t last);
-    void indexOwnPieces();
-    std::uint64_t hashOf(std::u16string_view piece) const;
-    std::vector<std::size_t> candidates(std::size_t from, std::u16string_view piece) const;
-
-    std::u16string_view text_;
-    std::vector<std::size_t> words_;
-    std::vector<char> dead_;                   // per word: a cut covers it
-    std::map<std::size_t, std::size_t> cuts_;  // first -> last, 0-based, inclusive
-    // Only with many words:
-    std::vector<std::size_t> ownEnd_;  // per word: the end of its own piece in the original
-    std::vector<std::uint64_t> prefixHash_;
-    std::vector<std::uint64_t> power_;
-    std::unordered_map<std::uint64_t, std::vector<std::size_t>> byHash_;
-    std::set<std::size_t> changed_;  // words whose own piece a cut has changed
+// The words the cleaning passes look for, found in one scan of the decoded text.
+struct Words {
+    std::vector<std::size_t> comments;  // 0-based starts of "COMMENT" in any letter case
+    std::vector<Cut> couplings;         // the special coupling words, wherever they stand
 };
 
-std::size_t CommentPass::findAfter(char16_t c, std::size_t pos) const {
-    std::size_t at = text_.find(c, pos + 1);
-    while (at != kNone) {
-        auto it = cuts_.upper_bound(at);
-        if (it == cuts_.begin() || (--it)->second < at) return at;
-        at = text_.find(c, it->second + 1);
+// Adds what begins at text[i] when it is one of the words; returns the characters to pass over.
+std::size_t takeWordAt(std::u16string_view text, std::size_t i, Words& words) {
+    constexpr std::u16string_view kOmment = u"omment";
+    const std::u16string_view rest = text.substr(i + 1);
+    std::size_t k = 0;
+    while (k < kOmment.size() && k < rest.size() && isLetter(rest[k], kOmment[k]))
+        ++k;
+    if (k == kOmment.size()) {
+        words.comments.push_back(i);
+        return 1 + kOmment.size();  // the word cannot overlap itself
     }
-    return at;
-}
-
-std::u16string CommentPass::piece(std::size_t first, std::size_t last) const {
-    std::u16string out;
-    for (Cursor c(*this, first); !c.atEnd() && c.pos() <= last; c.advance())
-        out += c.get();
-    return out;
-}
-
-// When piece stands at pos, the 0-based position of its last character, else kNone.
-std::size_t CommentPass::matchEnd(std::size_t pos, std::u16string_view piece) const {
-    Cursor c(*this, pos);
-    std::size_t last = pos;
-    for (char16_t wanted : piece) {
-        if (c.atEnd() || c.get() != wanted) return kNone;
-        last = c.pos();
-        c.advance();
+    if (text[i] != u'C') return 1;
+    for (const std::u16string_view word : kCouplingWords) {
+        if (text.substr(i).starts_with(word)) words.couplings.push_back({i, i + word.size() - 1});
     }
-    auto it = cuts_.find(last);
-    return it == cuts_.end() ? last : it->second;
+    return 1;
 }
 
-void CommentPass::cut(std::size_t first, std::size_t last) {
-    cuts_.erase(cuts_.lower_bound(first), cuts_.upper_bound(last));
-    cuts_.emplace(first, last);
-    const auto begin = std::lower_bound(words_.begin(), words_.end(), first);
-    const auto end = std::upper_bound(begin, words_.end(), last);
-    for (auto it = begin; it != end; ++it)
-        dead_[it - words_.begin()] = 1;
-    if (ownEnd_.empty()) return;
-    // Earlier words whose own piece reached into the cut now have another one.
-    const std::size_t firstCut = begin - words_.begin();
-    const auto reaching = std::lower_bound(ownEnd_.begin(), ownEnd_.begin() + firstCut, first);
-    for (std::size_t k = reaching - ownEnd_.begin(); k < firstCut; ++k) {
-        if (!dead_[k]) changed_.insert(k);
-    }
-}
-
-std::uint64_t CommentPass::hashOf(std::u16string_view piece) const {
-    std::uint64_t hash = 0;
-    for (char16_t c : piece)
-        hash = hash * power_[1] + c;
-    return hash;
-}
-
-void CommentPass::indexOwnPieces() {
-    const std::size_t n = text_.size();
-    prefixHash_.assign(n + 1, 0);
-    power_.assign(n + 1, 1);
-    for (std::size_t i = 0; i < n; ++i) {
-        prefixHash_[i + 1] = prefixHash_[i] * 1000003u + text_[i];
-        power_[i + 1] = power_[i] * 1000003u;
-    }
-    ownEnd_.resize(words_.size());
-    for (std::size_t k = 0; k < words_.size(); ++k) {
-        std::size_t end = text_.find(u')', words_[k] + 1);
-        if (end == kNone) end = text_.find(u'\n', words_[k] + 1);
-        // A word with no end has no piece; give it one that can match nothing.
-        ownEnd_[k] = end == kNone ? n : end;
-        if (end == kNone) continue;
-        const std::size_t length = end - words_[k] + 1;
-        const std::uint64_t hash = prefixHash_[end + 1] - prefixHash_[words_[k]] * power_[length];
-        byHash_[hash].push_back(k);
-    }
-}
-
-std::vector<std::size_t> CommentPass::candidates(std::size_t from,
-                                                 std::u16string_view piece) const {
-    std::vector<std::size_t> found;
-    if (ownEnd_.empty()) {
-        for (std::size_t k = from; k < words_.size(); ++k)
-            found.push_back(k);
-        return found;
-    }
-    const auto same = byHash_.find(hashOf(piece));
-    if (same != byHash_.end())
-        found.assign(std::lower_bound(same->second.begin(), same->second.end(), from),
-                     same->second.end());
-    found.insert(found.end(), changed_.lower_bound(from), changed_.end());
-    std::sort(found.begin(), found.end());
-    found.erase(std::unique(found.begin(), found.end()), found.end());
-    return found;
-}
-
-MstsText CommentPass::run() {
-    dead_.assign(words_.size(), 0);
-    if (words_.size() > kFewWords) indexOwnPieces();
-    for (std::size_t i = 0; i < words_.size(); ++i) {
-        if (dead_[i]) continue;
-        std::size_t close = findAfter(u')', words_[i]);
-        if (close == kNone) close = findAfter(u'\n', words_[i]);
-        // A comment with neither behind it runs to the end of the text, which it may keep.
-        if (close == kNone) continue;
-        const std::u16string found = piece(words_[i], close);
-        // Every occurrence, left to right and not overlapping; none stands before this word,
-        // as all earlier words are cut already.
-        std::size_t searchFrom = words_[i];
-        for (std::size_t k : candidates(i, found)) {
-            if (dead_[k] || words_[k] < searchFrom) continue;
-            const std::size_t end = matchEnd(words_[k], found);
-            if (end == kNone) continue;
-            cut(words_[k], end);
-            searchFrom = end + 1;
+// Every word begins with a "c" or a "C", which most runs of four characters lack.
+Words findWords(std::u16string_view text) {
+    Words words;
+    std::size_t i = 0;
+    while (i < text.size()) {
+        if (i + 4 <= text.size() &&
+            text_scan::lanesEqual(text_scan::load8(&text[i]) | 0x20 * text_scan::kLanes16, u'c') ==
+                0) {
+            i += 4;
+            continue;
         }
+        i += isLetter(text[i], u'c') ? takeWordAt(text, i, words) : 1;
     }
-    MstsText out;
-    out.reserve(text_.size());
-    for (Cursor c(*this, 0); !c.atEnd(); c.advance())
-        out += c.get();
-    return out;
+    return words;
 }
 
-void removeComments(MstsText& text) {
-    CommentPass pass(text);
-    if (pass.hasWords()) text = pass.run();
+// Adds the special coupling words to the comment cuts, every "CouplingUniqueType" and then
+// every "CouplingHasRigidConnection" of the text as the comments left it. Neither word overlaps
+// itself or the other, and a cut leaves a blank that no word spans, so they are the words of the
+// decoded text that no comment cut touches.
+void addCouplingWordCuts(const std::vector<Cut>& couplings, std::vector<Cut>& cuts) {
+    const std::size_t commentCuts = cuts.size();
+    const auto byFirst = [](const Cut& a, const Cut& b) { return a.first < b.first; };
+    for (const Cut& word : couplings) {
+        const auto begin = cuts.begin();
+        const auto end = cuts.begin() + commentCuts;
+        const auto after = std::upper_bound(begin, end, word, byFirst);
+        const bool touched = (after != end && after->first <= word.second) ||
+                             (after != begin && std::prev(after)->second >= word.first);
+        if (!touched) cuts.push_back(word);
+    }
+    std::inplace_merge(cuts.begin(), cuts.begin() + commentCuts, cuts.end());
 }
 
-void replaceEach(MstsText& text, std::u16string_view word) {
-    std::size_t at = findFrom(text, word);
-    if (at == 0) return;
-    MstsText out;
-    out.reserve(text.size());
+// Cuts the ranges out of the text, each to stand as one blank, and makes the upper-cased twin.
+// Returns the new length.
+std::size_t applyCuts(const std::vector<Cut>& cuts, char16_t* text, std::size_t length,
+                      char16_t* upper) {
+    std::size_t out = 0;
     std::size_t from = 0;
-    for (; at != 0; at = findFrom(text, word, from + 1)) {
-        out.append(text, from, at - 1 - from);
-        out += u' ';
-        from = at - 1 + word.size();
+    for (const Cut& cut : cuts) {
+        std::copy(text + from, text + cut.first, text + out);
+        out += cut.first - from;
+        text[out++] = u' ';
+        from = cut.second + 1;
     }
-    out.append(text, from);
-    text = std::move(out);
+    std::copy(text + from, text + length, text + out);
+    length = out + length - from;
+    for (std::size_t i = 0; i < length; ++i) {
+        const char16_t c = text[i];
+        upper[i] = c >= u'a' && c <= u'z' ? char16_t(c - u'a' + u'A') : c;
+    }
+    return length;
 }
 
-void cutDescriptionOff(MstsText& text) {
-    std::size_t at = text.rfind(u"Description (");
-    if (at == MstsText::npos) at = text.rfind(u"Description ");
-    if (at != MstsText::npos) text.resize(at);
+// The character at which the description begins: the last "Description (", else the last
+// "Description ", as they stand once decoded (a tab becomes the blank); the number of
+// characters when there is neither. Found in the bytes, so that the description is never
+// decoded.
+std::size_t descriptionStart(std::string_view bytes) {
+    constexpr std::u16string_view kWord = u"Description";
+    const std::size_t units = bytes.size() / 2;
+    const auto at = [&](std::size_t i) {
+        return static_cast<char16_t>(static_cast<unsigned char>(bytes[2 * i]) |
+                                     (static_cast<unsigned char>(bytes[2 * i + 1]) << 8));
+    };
+    std::size_t lastWithBlank = units;
+    for (std::size_t i = units; i > 0;) {
+        // Four characters at once while their bytes hold no "D".
+        if (i >= 4 && !text_scan::hasByte(text_scan::load8(&bytes[2 * (i - 4)]), 'D')) {
+            i -= 4;
+            continue;
+        }
+        --i;
+        if (bytes[2 * i] != 'D' || bytes[2 * i + 1] != 0 || i + kWord.size() >= units) continue;
+        std::size_t k = 1;
+        while (k < kWord.size() && at(i + k) == kWord[k])
+            ++k;
+        if (k < kWord.size()) continue;
+        const char16_t next = at(i + kWord.size());
+        if (next != u' ' && next != u'\t') continue;
+        if (i + kWord.size() + 1 < units && at(i + kWord.size() + 1) == u'(') return i;
+        if (lastWithBlank == units) lastWithBlank = i;
+    }
+    return lastWithBlank;
 }
 
 void showPass(Progress* debug, const StripTitles* titles, std::string_view StripTitles::*title) {
@@ -241,17 +135,23 @@ void showPass(Progress* debug, const StripTitles* titles, std::string_view Strip
 
 }  // namespace
 
-void stripUnitText(MstsText& text, bool cutDescription, const StripTitles* titles,
-                   Progress* debug) {
+void stripUnitText(std::string_view bytes, bool cutDescription, UnitText& text,
+                   const StripTitles* titles, Progress* debug) {
     if (cutDescription) {
         showPass(debug, titles, &StripTitles::description);
-        cutDescriptionOff(text);
+        bytes = bytes.substr(0, 2 * descriptionStart(bytes));
     }
+    // The buffers only grow, so that the next file finds them large enough.
+    const std::size_t limit = decodedLengthLimit(bytes);
+    if (text.text_.size() < limit) text.text_.resize(limit);
+    if (text.upper_.size() < limit) text.upper_.resize(limit);
+    text.length_ = decodeMstsText(bytes, text.text_.data());
     showPass(debug, titles, &StripTitles::comments);
-    removeComments(text);
+    Words words = findWords(text.text());
+    std::vector<Cut> cuts = commentCuts(text.text(), std::move(words.comments));
     showPass(debug, titles, &StripTitles::couplings);
-    replaceEach(text, u"CouplingUniqueType");
-    replaceEach(text, u"CouplingHasRigidConnection");
+    addCouplingWordCuts(words.couplings, cuts);
+    text.length_ = applyCuts(cuts, text.text_.data(), text.length_, text.upper_.data());
 }
 
 }  // namespace rakeyard

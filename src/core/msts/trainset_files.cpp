@@ -1,5 +1,6 @@
 #include "core/msts/trainset_files.h"
 
+#include "core/msts/ordered_work.h"
 #include "core/platform/paths.h"
 #include "core/platform/text_utf.h"
 
@@ -12,7 +13,8 @@ bool hasExtension(std::string_view name, std::string_view upperExtension) {
 
 std::vector<TrainsetFile> listTrainsetFiles(const PathGlobals& paths, Services& services,
                                             std::string_view label,
-                                            const std::function<bool(std::string_view)>& wanted) {
+                                            const std::function<bool(std::string_view)>& wanted,
+                                            unsigned workers) {
     const std::string trainset = services.fs.resolve(paths.trainsetPath);
     std::vector<std::string> folders;
     for (const DirEntry& entry : services.fs.listFolder(trainset)) {
@@ -20,13 +22,15 @@ std::vector<TrainsetFile> listTrainsetFiles(const PathGlobals& paths, Services& 
     }
     services.progress.start(label, static_cast<int>(folders.size()));
     std::vector<TrainsetFile> files;
-    for (const std::string& folder : folders) {
-        services.progress.step();
-        for (const DirEntry& entry : services.fs.listFolder(folder)) {
-            if (!entry.isFolder && !entry.name.empty() && wanted(entry.name))
-                files.push_back({entry.name, folder});
-        }
-    }
+    forEachInOrder<std::vector<DirEntry>>(
+        folders.size(), workers, [&](std::size_t i) { return services.fs.listFolder(folders[i]); },
+        [&](std::size_t i, const std::vector<DirEntry>& entries) {
+            services.progress.step();
+            for (const DirEntry& entry : entries) {
+                if (!entry.isFolder && !entry.name.empty() && wanted(entry.name))
+                    files.push_back({entry.name, folders[i]});
+            }
+        });
     return files;
 }
 

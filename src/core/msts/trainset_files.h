@@ -17,10 +17,11 @@ struct TrainsetFile {
 
 // The files one folder below Trainset whose names `wanted` takes, folder by folder in listing
 // order (files right in Trainset and deeper ones are not units). Progress: label, with a step
-// per folder.
+// per folder. The folders are listed on up to `workers` threads; wanted and the progress are
+// called on the caller's thread only.
 [[nodiscard]] std::vector<TrainsetFile> listTrainsetFiles(
     const PathGlobals& paths, Services& services, std::string_view label,
-    const std::function<bool(std::string_view name)>& wanted);
+    const std::function<bool(std::string_view name)>& wanted, unsigned workers = 1);
 
 // True when the name ends in the extension (".ENG"), whatever the letter case.
 [[nodiscard]] bool hasExtension(std::string_view name, std::string_view upperExtension);

@@ -5,6 +5,7 @@
 #include <string_view>
 #include <vector>
 
+#include "core/msts/msts_text.h"
 #include "core/msts/unit_record.h"
 
 namespace rakeyard {
@@ -27,14 +28,15 @@ struct UnitFileResult {
 };
 
 // Reads one engine (".eng") from its bytes (nullopt when the file could not be read). file
-// is the file's name as listed, folderPath the full path of its folder.
+// is the file's name as listed, folderPath the full path of its folder. The text is worked on
+// in buffers, which keep their storage for the next file.
 [[nodiscard]] UnitFileResult readEngineFile(std::optional<std::string_view> bytes,
                                             const std::string& file, const std::string& folderPath,
-                                            bool withPassTitles = false);
+                                            bool withPassTitles, UnitText& buffers);
 // The same for a wagon (".wag"). The caller passes over "DEFAULT.WAG" before.
 [[nodiscard]] UnitFileResult readWagonFile(std::optional<std::string_view> bytes,
                                            const std::string& file, const std::string& folderPath,
-                                           bool withPassTitles = false);
+                                           bool withPassTitles, UnitText& buffers);
 
 // The finding for a unit file above kUnitFileSizeLimit, which is not read.
 [[nodiscard]] UnitFileResult tooLargeUnitFile(const std::string& file,

@@ -42,8 +42,6 @@ std::string nameFromFileName(const std::string& file) {
 
 }  // namespace
 
-WorkingText::WorkingText(MstsText text) : text_(std::move(text)), upper_(upperText(text_)) {}
-
 void WorkingText::cutThrough(std::size_t pos) {
     offset_ += std::min(pos, text_.size() - offset_);
 }
@@ -62,43 +60,39 @@ std::string FileSteps::errorOnLine(std::string_view key) const {
 }
 
 bool prepareText(std::optional<std::string_view> bytes, FileSteps& steps, bool cutDescription,
-                 std::string_view notUnicode, MstsText& text) {
+                 std::string_view notUnicode, UnitText& text) {
     if (!bytes) {
         steps.log("The file " + steps.file + " couldn't be read.");
         return false;
     }
     if (!isUnicodeText(*bytes)) {
-        steps.log(std::string(notUnicode));
+        steps.log("The file " + steps.file + std::string(notUnicode));
         return false;
     }
-    text = decodeMstsText(*bytes);
-    const std::string description = "Removing DESCRIPTION" + std::string(steps.words.titleEnd);
-    const std::string comments = "Removing COMMENTS" + std::string(steps.words.titleEnd);
-    const std::string couplings =
-        "Removing special coupling types" + std::string(steps.words.titleEnd);
-    const StripTitles titles{description, comments, couplings};
     TitleCollector collector(steps);
-    stripUnitText(text, cutDescription, &titles, steps.withPassTitles() ? &collector : nullptr);
+    text.strip(*bytes, cutDescription, &steps.words.stripTitles,
+               steps.withPassTitles() ? &collector : nullptr);
     return true;
 }
 
-bool readWagonLine(WorkingText& text, FileSteps& steps, std::string_view notFound,
+bool readWagonLine(WorkingText& text, FileSteps& steps, std::string_view beforeAnd,
                    std::string_view extension) {
     steps.stepTitle("WAGON line");
     const KeywordMatch line = findKeywordLine(text.upper(), u"WAGON", 1);
-    const std::string refused = steps.errorOnLine("Wagon") + "and so it couldn't be added to the " +
-                                std::string(steps.words.list) + " list.";
+    const std::string andSo =
+        "and so it couldn't be added to the " + std::string(steps.words.list) + " list.";
     if (line.outcome == KeywordOutcome::NotFound) {
-        steps.log(std::string(notFound));
+        steps.log("Cannot locate the line \"Wagon (\" in the file " + steps.file +
+                  std::string(beforeAnd) + andSo);
         return false;
     }
     if (line.outcome == KeywordOutcome::LimitReached) {
-        steps.log(refused);
+        steps.log(steps.errorOnLine("Wagon") + andSo);
         return false;
     }
     const std::string name = toUtf8(quotesToBlanks(lineValue(text.text(), line.parenPos)));
     if (upperAscii(name + std::string(extension)) != upperAscii(steps.file)) {
-        steps.log(refused + std::string(kCrLf) +
+        steps.log(steps.errorOnLine("Wagon") + andSo + std::string(kCrLf) +
                   "Most probably this line is stating a name different from its file name.");
         return false;
     }
@@ -155,13 +149,24 @@ bool readShapeSizeMass(WorkingText& text, FileSteps& steps) {
 }
 
 bool readCouplers(WorkingText& text, FileSteps& steps, const CouplerTexts& texts) {
+    // The findings are made only when needed: most files have none.
+    const auto refuse = [&](KeywordOutcome outcome, std::string_view section,
+                            std::string_view note) {
+        if (outcome == KeywordOutcome::NotFound) {
+            steps.log("Cannot locate the line \"Type (\" in the file " + steps.file +
+                      std::string(section) + " and so it couldn't be added to the " +
+                      std::string(steps.words.list) + " list.");
+        } else {
+            steps.log(steps.errorOnLine("Type") + std::string(note) + std::string(kCrLf) +
+                      std::string(texts.limitTail));
+        }
+        return false;
+    };
     UnitRecord& record = steps.result.record;
     steps.stepTitle("TYPE line (Rear coupler)");
     KeywordMatch line = findKeywordLine(text.upper(), u"TYPE", 1);
-    if (line.outcome != KeywordOutcome::Found) {
-        steps.log(line.outcome == KeywordOutcome::NotFound ? texts.rearNotFound : texts.rearLimit);
-        return false;
-    }
+    if (line.outcome != KeywordOutcome::Found)
+        return refuse(line.outcome, texts.rearSection, texts.rearNote);
     std::size_t close = 0;
     std::u16string type = parenValue(text.text(), line.parenPos, &close);
     record.couplerRear = couplerClass(type);
@@ -179,11 +184,8 @@ bool readCouplers(WorkingText& text, FileSteps& steps, const CouplerTexts& texts
     if (coupling > 0 && coupling < limit) {
         steps.stepTitle("TYPE line (Front coupler)");
         line = findKeywordLine(text.upper(), u"TYPE", coupling);
-        if (line.outcome != KeywordOutcome::Found) {
-            steps.log(line.outcome == KeywordOutcome::NotFound ? texts.frontNotFound
-                                                               : texts.frontLimit);
-            return false;
-        }
+        if (line.outcome != KeywordOutcome::Found)
+            return refuse(line.outcome, texts.frontSection, " (front coupler)");
         type = parenValue(text.text(), line.parenPos);
     }
     record.couplerFront = couplerClass(type);

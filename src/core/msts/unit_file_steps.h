@@ -14,15 +14,15 @@ inline constexpr std::string_view kCrLf = "\r\n";
 // what is left.
 class WorkingText {
 public:
-    explicit WorkingText(MstsText text);
-    std::u16string_view text() const { return std::u16string_view(text_).substr(offset_); }
-    std::u16string_view upper() const { return std::u16string_view(upper_).substr(offset_); }
+    explicit WorkingText(const UnitText& text) : text_(text.text()), upper_(text.upper()) {}
+    std::u16string_view text() const { return text_.substr(offset_); }
+    std::u16string_view upper() const { return upper_.substr(offset_); }
     // Drops everything up to and including the 1-based pos; 0 drops nothing.
     void cutThrough(std::size_t pos);
 
 private:
-    MstsText text_;
-    MstsText upper_;
+    std::u16string_view text_;
+    std::u16string_view upper_;
     std::size_t offset_ = 0;
 };
 
@@ -31,6 +31,7 @@ struct UnitWords {
     std::string_view unit;      // "engine"
     std::string_view list;      // "engines"
     std::string_view titleEnd;  // " - Engines"
+    StripTitles stripTitles;    // "Removing DESCRIPTION - Engines", ...
 };
 
 // One file under way: its names, its findings and its pass titles.
@@ -64,13 +65,14 @@ private:
     bool withPassTitles_;
 };
 
-// Checks, decodes and strips the bytes; notUnicode is the finding when the file is unreadable
-// or not in Unicode. False when the file goes no further.
+// Checks, decodes and strips the bytes into text; "The file " + file + notUnicode is the finding
+// when the file is not in Unicode. False when the file goes no further.
 [[nodiscard]] bool prepareText(std::optional<std::string_view> bytes, FileSteps& steps,
-                               bool cutDescription, std::string_view notUnicode, MstsText& text);
+                               bool cutDescription, std::string_view notUnicode, UnitText& text);
 
-// The "Wagon (" line: its name must be the file's name. Begins the record on success.
-[[nodiscard]] bool readWagonLine(WorkingText& text, FileSteps& steps, std::string_view notFound,
+// The "Wagon (" line: its name must be the file's name. Begins the record on success. What
+// stands between the file's name and "and so" when the line is missing: a blank or nothing.
+[[nodiscard]] bool readWagonLine(WorkingText& text, FileSteps& steps, std::string_view beforeAnd,
                                  std::string_view extension);
 
 // The shape, size and mass lines; the mass line cuts the text. False when one of them ends
@@ -79,10 +81,10 @@ private:
 
 // The rear coupler from the first "Type (" and the front one from a second coupling block.
 struct CouplerTexts {
-    std::string rearNotFound;  // the finding's text when the rear "Type (" is missing
-    std::string rearLimit;
-    std::string frontNotFound;
-    std::string frontLimit;
+    std::string_view rearSection;   // behind the file's name when the rear "Type (" is missing
+    std::string_view rearNote;      // behind the line's name when the search reached its limit
+    std::string_view frontSection;  // the same for the front coupler
+    std::string_view limitTail;     // the last line of a finding at the limit
 };
 [[nodiscard]] bool readCouplers(WorkingText& text, FileSteps& steps, const CouplerTexts& texts);
 

@@ -9,19 +9,15 @@ namespace {
 
 using namespace unit_file;
 
-const UnitWords kWagonWords{"wagon", "wagons", " - Wagons"};
+const UnitWords kWagonWords{"wagon",
+                            "wagons",
+                            " - Wagons",
+                            {"Removing DESCRIPTION - Wagons", "Removing COMMENTS - Wagons",
+                             "Removing special coupling types - Wagons"}};
 
-CouplerTexts wagonCouplerTexts(const FileSteps& steps) {
-    const std::string tail = "and so it couldn't be added to the wagons list.";
-    return {
-        "Cannot locate the line \"Type (\" in the file " + steps.file +
-            "(Rear coupler section) and so it couldn't be added to the wagons list.",
-        steps.errorOnLine("Type") + " (rear coupler)" + std::string(kCrLf) + tail,
-        "Cannot locate the line \"Type (\" in the file " + steps.file +
-            "(Front coupler section) and so it couldn't be added to the wagons list.",
-        steps.errorOnLine("Type") + " (front coupler)" + std::string(kCrLf) + tail,
-    };
-}
+const CouplerTexts kWagonCouplerTexts{"(Rear coupler section)", " (rear coupler)",
+                                      "(Front coupler section)",
+                                      "and so it couldn't be added to the wagons list."};
 
 // The first "Type (" of the file is the wagon's type; the text is not cut behind it.
 bool readWagonType(const WorkingText& text, FileSteps& steps) {
@@ -49,32 +45,27 @@ bool readWagonType(const WorkingText& text, FileSteps& steps) {
     return true;
 }
 
-bool readWagonText(std::optional<std::string_view> bytes, FileSteps& steps) {
-    MstsText decoded;
+bool readWagonText(std::optional<std::string_view> bytes, FileSteps& steps, UnitText& decoded) {
     // Descriptions stay: a word in one can be found by the searches below.
-    if (!prepareText(bytes, steps, false, "The file " + steps.file + " isn't an Unicode file!",
-                     decoded))
-        return false;
-    WorkingText text(std::move(decoded));
-    if (!readWagonLine(text, steps,
-                       "Cannot locate the line \"Wagon (\" in the file " + steps.file +
-                           "and so it couldn't be added to the wagons list.",
-                       ".wag"))
-        return false;
+    if (!prepareText(bytes, steps, false, " isn't an Unicode file!", decoded)) return false;
+    WorkingText text(decoded);
+    // No blank before "and so" in the wagon reader's finding.
+    if (!readWagonLine(text, steps, "", ".wag")) return false;
     if (!readWagonType(text, steps)) return false;
     if (!readDisplayName(text, steps, steps.result.record.displayName)) return false;
     if (!readShapeSizeMass(text, steps)) return false;
-    return readCouplers(text, steps, wagonCouplerTexts(steps));
+    return readCouplers(text, steps, kWagonCouplerTexts);
 }
 
 }  // namespace
 
 UnitFileResult readWagonFile(std::optional<std::string_view> bytes, const std::string& file,
-                             const std::string& folderPath, bool withPassTitles) {
+                             const std::string& folderPath, bool withPassTitles,
+                             UnitText& buffers) {
     UnitFileResult result;
     FileSteps steps(file, folderPath, kWagonWords, result, withPassTitles);
     try {
-        result.accepted = readWagonText(bytes, steps);
+        result.accepted = readWagonText(bytes, steps, buffers);
     } catch (const std::exception&) {
         // Only a file too big for memory gets here.
         result.accepted = false;

@@ -12,11 +12,8 @@ struct DirEntry {
     bool isFolder = false;
 };
 
-// A read with a size limit: the bytes, or why there are none.
-struct BoundedRead {
-    std::optional<std::string> bytes;  // nullopt when the file can't be read or is too large
-    bool tooLarge = false;             // larger than the limit: not read at all
-};
+// What a read with a size limit came to.
+enum class ReadOutcome { Read, Unreadable, TooLarge };
 
 struct WriteResult {
     bool ok = false;
@@ -26,7 +23,7 @@ struct WriteResult {
 
 // Every file and folder access of the core goes through this. Paths may use "\" and "/"
 // alike and are resolved without regard to letter case, part by part. The catalogue readers
-// call listFolder, isFolder, isFile, fileSize, readFile, readFileUpTo and resolve from several
+// call listFolder, isFolder, isFile, fileSize, readFile, readFileInto and resolve from several
 // threads at once: an implementation must allow that (the writing calls come from one thread).
 class FileSystem {
 public:
@@ -39,10 +36,11 @@ public:
     [[nodiscard]] virtual std::optional<std::uintmax_t> fileSize(const std::string& path) = 0;
     // The whole file; nullopt when it can't be read.
     [[nodiscard]] virtual std::optional<std::string> readFile(const std::string& path) = 0;
-    // The whole file when it holds at most limit bytes; a larger one is not read, so that
-    // memory stays bounded whatever a folder holds.
-    [[nodiscard]] virtual BoundedRead readFileUpTo(const std::string& path,
-                                                   std::uintmax_t limit) = 0;
+    // The whole file into bytes, whose storage is kept for the next file, when it holds at most
+    // limit bytes; a larger one is not read, so that memory stays bounded whatever a folder
+    // holds. bytes is empty unless the outcome is Read.
+    [[nodiscard]] virtual ReadOutcome readFileInto(const std::string& path, std::uintmax_t limit,
+                                                   std::string& bytes) = 0;
     // The one safe writer: a temporary file beside the target, flushed, renamed over it. On any
     // failure the old file stays whole and no temporary file is left behind. A read-only target
     // is refused with a message naming it.

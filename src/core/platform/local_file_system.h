@@ -20,7 +20,8 @@ public:
     bool isFile(const std::string& path) override;
     std::optional<std::uintmax_t> fileSize(const std::string& path) override;
     std::optional<std::string> readFile(const std::string& path) override;
-    BoundedRead readFileUpTo(const std::string& path, std::uintmax_t limit) override;
+    ReadOutcome readFileInto(const std::string& path, std::uintmax_t limit,
+                             std::string& bytes) override;
     WriteResult writeFile(const std::string& path, std::string_view bytes) override;
     bool appendFile(const std::string& path, std::string_view bytes) override;
     bool removeFile(const std::string& path) override;

@@ -136,6 +136,7 @@ private:
     void mnuInsert_Click();
     void mnuDelete_Click();
     void mnuUnicode_Click();
+    void mnuMissing_Click();
     void mnuAliasing_Click();
     void mnuSteam_Click();
     void mnuDiesel_Click();

@@ -25,6 +25,7 @@
 #include "ui/widgets/unit_list_view.h"
 #include "ui/windows/frm3DViewer.h"
 #include "ui/windows/frmAbout.h"
+#include "ui/windows/frmDiag.h"
 #include "ui/windows/frmEditor.h"
 #include "ui/windows/frmHelp.h"
 #include "ui/windows/frmLoadCon.h"
@@ -69,6 +70,7 @@ void frmMain::connectMenus() {
     both(mnuInsert, "paste", &frmMain::mnuInsert_Click);
     both(mnuDelete, "delete", &frmMain::mnuDelete_Click);
     both(mnuUnicode, nullptr, &frmMain::mnuUnicode_Click);
+    both(mnuMissing, "test", &frmMain::mnuMissing_Click);
     both(mnuAliasing, "alias", &frmMain::mnuAliasing_Click);
     both(mnuSteam, nullptr, &frmMain::mnuSteam_Click);
     both(mnuDiesel, nullptr, &frmMain::mnuDiesel_Click);
@@ -94,10 +96,10 @@ void frmMain::connectMenus() {
 // as coming.
 void frmMain::enableBuiltEntries() {
     std::vector<QAction*> notYet = {
-        mnuEditUnit, mnuEditFile, mnuLoose,   mnuMissing, mnuActivities, mnuPreview, mnu3D,
-        mnuPicture,  mnuConsUse,  mnuActsUse, mnuMaxvel,  mnuAllocated,  mnuBigones};
+        mnuEditUnit, mnuEditFile, mnuLoose,   mnuActivities, mnuPreview,   mnu3D,
+        mnuPicture,  mnuConsUse,  mnuActsUse, mnuMaxvel,     mnuAllocated, mnuBigones};
     for (const char* key :
-         {"test", "activity", "random", "3dview", "activitydependencies", "dependencies", "loose"})
+         {"activity", "random", "3dview", "activitydependencies", "dependencies", "loose"})
         notYet.push_back(toolbarButton(this, key));
     for (QAction* entry : notYet) {
         entry->setEnabled(false);
@@ -199,6 +201,14 @@ void frmMain::loadConsistFromCommandLine(const std::string& path) {
 }
 
 // ---- Units ----
+
+// The tester, blocking the main window while it is open.
+void frmMain::mnuMissing_Click() {
+    runGuarded(services_.dialogs, [&] {
+        frmDiag window(state_, services_, this);
+        window.exec();
+    });
+}
 
 void frmMain::mnuRenumber_Click() {
     edit("Renumber units", [&] { reorderUnits(state_.consist, services_.dialogs); });

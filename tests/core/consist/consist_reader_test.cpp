@@ -213,7 +213,7 @@ TEST_F(LoadConsist, UnicodeLinesEndOnlyAtTheCharacterCr) {
     loadText("Czech.con", "\nTrain (\n\tTrainCfg ( T\n\t\tName ( \"Vlak \xC4\x8D\xC4\x8D\" )\n" +
                               engine("GP38 GP38", 1) + kEnd);
     EXPECT_EQ(state().header.name, "Vlak \xC4\x8D\xC4\x8D");
-    const ConsistLines lines = consistLines("\xFF\xFE" + utf16Bytes("ab\ncd\r\nef\rg"));
+    const TextLines lines = textLines("\xFF\xFE" + utf16Bytes("ab\ncd\r\nef\rg"));
     EXPECT_EQ(lines.lines, (std::vector<std::u16string>{u"ab\ncd", u"ef", u"g"}));
     EXPECT_EQ(lines.firstLineLength(), 7u);
 }
@@ -305,7 +305,7 @@ TEST_F(LoadConsist, RealConsistsLoadAndSurviveASave) {
         std::unique_ptr<AppState> fresh = std::make_unique<AppState>();
         fresh->paths.consistsPath = msts.consists();
         int units = 0;
-        for (const std::u16string& line : consistLines(readWholeFile(entry.path())).lines) {
+        for (const std::u16string& line : textLines(readWholeFile(entry.path())).lines) {
             const bool isEngine = line.find(u"EngineData (") != std::u16string::npos;
             if (!isEngine && line.find(u"WagonData (") == std::u16string::npos) continue;
             std::istringstream words(toUtf8(line.substr(line.find(u'(') + 1)));

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <random>
+
 #include "core/platform/text_utf.h"
 #include "support/fakes.h"
 #include "support/msts_tree.h"
@@ -59,6 +61,44 @@ TEST(DecodeMstsText, WidensLineEndsAndTabsAsTheReadersExpect) {
     const MstsText text =
         decodeMstsText(mark() + test::utf16Bytes("a\tb\r\nc\nd\re") + std::string("\x41", 1));
     EXPECT_EQ(text, u"\uFEFFa b\r\r\n\r\nc\r\nd\r\r\ne");
+}
+
+// Characters whose one byte looks like a tab, CR or LF, beside the real ones.
+const char16_t kAwkward[] = {u'\t', u'\r', u'\n', 0x0D00, 0x0A0D, 0x0900, 0x2009, u'a', u'E', u'N'};
+
+TEST(DecodeMstsText, AgreesWithDecodingOneCharacterAtATime) {
+    std::mt19937 random(11);
+    for (int round = 0; round < 2000; ++round) {
+        std::u16string text;
+        for (int i = 0, n = static_cast<int>(random() % 40); i < n; ++i)
+            text += kAwkward[random() % std::size(kAwkward)];
+        std::u16string plain;
+        for (char16_t c : text)
+            plain += c == u'\r'   ? u"\r\r\n"
+                     : c == u'\n' ? u"\r\n"
+                     : c == u'\t' ? u" "
+                                  : std::u16string(1, c);
+        std::string bytes = encodeMstsText(text).substr(2);
+        if (round % 3 == 0) bytes += 'x';  // a last odd byte is dropped
+        ASSERT_EQ(decodeMstsText(bytes), plain) << round;
+    }
+}
+
+TEST(FindFrom, AgreesWithAPlainSearchWhereverTheMatchStands) {
+    std::mt19937 random(5);
+    const std::u16string needles[] = {u"E", u"EN", u"ENE", u"NE\tE", u"\r\n", u"EaNa",
+                                      u"\u0D00E\u0A0DEN", u"ENENE"};
+    for (int round = 0; round < 3000; ++round) {
+        std::u16string text;
+        for (int i = 0, n = static_cast<int>(random() % 30); i < n; ++i)
+            text += kAwkward[random() % std::size(kAwkward)];
+        const std::u16string& needle = needles[random() % std::size(needles)];
+        const std::size_t from = random() % (text.size() + 3);
+        const std::size_t plain =
+            from > text.size() ? std::u16string::npos : text.find(needle, from == 0 ? 0 : from - 1);
+        ASSERT_EQ(findFrom(text, needle, from), plain == std::u16string::npos ? 0 : plain + 1)
+            << round;
+    }
 }
 
 TEST(FindKeywordLine, MatchesOnlyAKeywordThatBeginsItsLineBeforeAParen) {

@@ -2,12 +2,14 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <atomic>
 #include <chrono>
 #include <cstdlib>
 #include <functional>
 #include <future>
 #include <random>
+#include <set>
 #include <stdexcept>
 
 namespace rakeyard {
@@ -56,13 +58,41 @@ TEST(ForEachInOrder, AppliesEveryResultInOrderWhateverTheWorkersTake) {
     }
 }
 
+// A worker's scratch: the thread that made it, and how many jobs it served.
+struct CountingScratch {
+    std::thread::id owner = std::this_thread::get_id();
+    std::size_t jobs = 0;
+};
+
+TEST(ForEachInOrder, EachWorkerKeepsOneScratchOfItsOwnForAllItsJobs) {
+    for (unsigned workers : {1u, 3u}) {
+        withinSeconds(60, [workers] {
+            std::vector<const CountingScratch*> usedBy(500);
+            std::vector<std::size_t> jobsSoFar(500);
+            forEachInOrder<int, CountingScratch>(
+                500, workers,
+                [&](std::size_t job, CountingScratch& scratch) {
+                    EXPECT_EQ(scratch.owner, std::this_thread::get_id());
+                    usedBy[job] = &scratch;
+                    jobsSoFar[job] = ++scratch.jobs;
+                    return 0;
+                },
+                [](std::size_t, int) {});
+            std::set<const CountingScratch*> scratches(usedBy.begin(), usedBy.end());
+            EXPECT_LE(scratches.size(), workers);
+            // Reused, not made afresh: some scratch served many jobs.
+            EXPECT_GE(*std::max_element(jobsSoFar.begin(), jobsSoFar.end()), 500u / workers);
+        });
+    }
+}
+
 TEST(ForEachInOrder, WorkersNeverRunMoreThanTheWindowAhead) {
     withinSeconds(60, [] {
         constexpr std::size_t kWindow = 4;
         std::atomic<std::size_t> appliedCount{0};
         std::atomic<std::size_t> furthestAhead{0};
-        forEachInOrder<int, std::function<int(std::size_t)>, std::function<void(std::size_t, int)>,
-                       kWindow>(
+        forEachInOrder<int, NoScratch, std::function<int(std::size_t)>,
+                       std::function<void(std::size_t, int)>, kWindow>(
             2000, 3,
             [&](std::size_t job) {
                 const std::size_t ahead = job - appliedCount.load();

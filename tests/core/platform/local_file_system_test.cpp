@@ -304,6 +304,29 @@ TEST_F(SafeWriter, TemporariesOfProcessesThatAreGoneAreRemovedOthersKept) {
 }
 #endif
 
+TEST(LocalFileSystem, ReadsIntoOneBufferFileAfterFileNothingOfTheLastOneStays) {
+    test::TempFolder temp;
+    LocalFileSystem files;
+    writeText(temp / "long.eng", std::string(100000, 'l'));
+    writeText(temp / "short.eng", "short");
+    writeText(temp / "limit.eng", std::string(64, 'x'));
+    fs::create_directory(temp / "folder.eng");
+
+    std::string bytes;
+    EXPECT_EQ(files.readFileInto(temp / "LONG.ENG", 100000, bytes), ReadOutcome::Read);
+    EXPECT_EQ(bytes, std::string(100000, 'l'));
+    EXPECT_EQ(files.readFileInto(temp / "short.eng", 100000, bytes), ReadOutcome::Read);
+    EXPECT_EQ(bytes, "short");
+    EXPECT_EQ(files.readFileInto(temp / "limit.eng", 63, bytes), ReadOutcome::TooLarge);
+    EXPECT_EQ(bytes, "");
+    EXPECT_EQ(files.readFileInto(temp / "limit.eng", 64, bytes), ReadOutcome::Read);
+    EXPECT_EQ(files.readFileInto(temp / "missing.eng", 64, bytes), ReadOutcome::Unreadable);
+    EXPECT_EQ(bytes, "");
+    EXPECT_EQ(files.readFileInto(temp / "limit.eng", 64, bytes), ReadOutcome::Read);
+    EXPECT_EQ(files.readFileInto(temp / "folder.eng", 64, bytes), ReadOutcome::Unreadable);
+    EXPECT_EQ(bytes, "");
+}
+
 TEST(LocalFileSystem, SmallOperationsReportWhatHappened) {
     test::TempFolder temp;
     LocalFileSystem files;

@@ -1,0 +1,307 @@
+// The engine test: a line scanner, not a parser. A line counts by a word anywhere in it,
+// upper-cased, and the findings' texts are those users search the reports for, byte for byte.
+#include <string>
+
+#include "core/msts/text_lines.h"
+#include "core/msts/unit_file.h"
+#include "core/platform/paths.h"
+#include "core/platform/text_utf.h"
+#include "core/tester/file_lookup.h"
+#include "core/tester/line_text.h"
+#include "core/tester/reports.h"
+#include "core/tester/unit_tests.h"
+
+namespace rakeyard {
+
+namespace {
+
+constexpr std::string_view kEnd = "\r\n";
+constexpr std::string_view kSyntax = "[SYNTAX ERROR]";
+constexpr std::string_view kEnterHint =
+    "An incorrect ENTER character can also cause this error, in this case you\r\n"
+    "won't be able to really see it.";
+
+// The state of one engine's test: the current line L and the value V taken out of it.
+class EngineTest {
+public:
+    EngineTest(TestRun& run, const TestContext& context, const UnitRecord& unit)
+        : run_(run), context_(context), names_(unit) {}
+
+    void run();
+
+private:
+    enum class Reading { GoOn, Stop };
+    Reading lineChecks();
+    void headName(bool engineLine);
+    bool valueInParentheses(std::size_t fallbackOpen, void (EngineTest::*error)());
+    void stripQuotes();
+    void shape();
+    void freightAnimation();
+    void mass();
+    void displayName();
+
+    // L as the findings show it; from the first finding on the line, L keeps that form.
+    std::string shownL() {
+        L_ = shownLine(L_);
+        return toUtf8(L_);
+    }
+    std::string V() const { return toUtf8(V_); }
+    void report(std::string_view mark, const std::string& message, ErrorCategory category,
+                ErrorLevel level) {
+        reportError(run_, context_, mark, message, category, level);
+    }
+    std::string parenthesisFinding(std::string_view word, std::string_view example) {
+        const std::string line = shownL();
+        return "The engine file with the name " + names_.F + std::string(kEnd) + "in the folder " +
+               std::string(kEnd) + names_.P + std::string(kEnd) +
+               "has missing parenthesis in the line \"" + std::string(word) + "\"." +
+               std::string(kEnd) + "The error was found on this line: " + line +
+               std::string(kEnd) + "HINT: Edit this file and search for a line like: " +
+               std::string(word) + " ( " + std::string(example) + std::string(kEnd) +
+               "and add the missing parenthesis so it will be like: " + std::string(word) +
+               " ( " + std::string(example) + " )" + std::string(kEnd) + std::string(kEnterHint);
+    }
+    void e6() {
+        report(kSyntax, parenthesisFinding("WagonShape", "GP38.s"), ErrorCategory::Syntax,
+               ErrorLevel::Serious);
+    }
+    void e15() {
+        report(kSyntax, parenthesisFinding("Mass", "\"75.5t\""), ErrorCategory::Syntax,
+               ErrorLevel::Serious);
+    }
+    void e17() {
+        report(kSyntax, parenthesisFinding("Name", "\"This loco name\""), ErrorCategory::Syntax,
+               ErrorLevel::Serious);
+    }
+
+    TestRun& run_;
+    const TestContext& context_;
+    UnitNames names_;
+    Line L_;
+    Line V_;
+};
+
+void EngineTest::run() {
+    const UnitRecord& unit = names_.unit;
+    run_.unitShown = names_.P;
+    const std::optional<std::string> bytes =
+        readInside(context_.services.fs, context_.paths.mstsPath, unit.folderPath, unit.fileName,
+                   kUnitFileSizeLimit);
+    if (!bytes) {
+        report("[ENGINE FILE MISSING]",
+               "The engine file with the name " + names_.F + " is missing from the folder " +
+                   std::string(kEnd) + names_.P,
+               ErrorCategory::Missing, ErrorLevel::Minor);
+        return;
+    }
+    for (Line& line : textLines(*bytes).lines) {
+        context_.host.yield();
+        L_ = std::move(line);
+        Line upper = upperAscii(L_);
+        if (inFirst(upper, 9, u"COMMENT")) continue;
+        if (const std::size_t at = firstOf(upper, u"COMMENT")) L_.resize(at - 1);
+        upper = upperAscii(L_);
+        if (inFirst(upper, 9, u"#_")) continue;
+        // The blank in front of the mark goes with it.
+        if (const std::size_t at = firstOf(upper, u"#_")) L_.resize(at - 2);
+        if (lineChecks() == Reading::Stop) break;
+        context_.host.yield();
+    }
+    run_.filesTestedText = std::to_string(run_.counts.filesTested) + " files tested";
+}
+
+// Each check looks at L as it stands then: a finding before it may have turned its TABs. The
+// head names are checked on a description's line too; nothing after that line is.
+EngineTest::Reading EngineTest::lineChecks() {
+    auto has = [this](std::u16string_view word) { return contains(upperAscii(L_), word); };
+    if (has(u"WAGON") && !has(u"WAGONSHAPE")) headName(false);
+    if (has(u"ENGINE (") && !has(u"BRAKE_ENGINE") &&
+        !has(u"MONITORINGDEVICEAPPLIESSHUTSDOWNENGINE"))
+        headName(true);
+    if (has(u"DESCRIPTION")) return Reading::Stop;
+    if (has(u"WAGONSHAPE")) shape();
+    if (has(u"FREIGHTANIM")) freightAnimation();
+    if (has(u"MASS (")) mass();
+    if (has(u"NAME")) displayName();
+    return Reading::GoOn;
+}
+
+// The name on the "Wagon" or "Engine" line: quoted when it holds a blank, and the file's name.
+void EngineTest::headName(bool engineLine) {
+    const std::size_t open = firstOf(L_, u"(");
+    const std::size_t close = closeBeforeLineFeed(L_, firstOf(L_, u")"));
+    if (close > 0) {
+        if (auto value = cut(L_, open + 1, static_cast<long long>(close) - open - 1))
+            V_ = trimmed(*value);
+    } else {
+        V_ = cutFrom(L_, open + 1);
+        if (const std::size_t tab = firstOf(V_, u"\t")) V_[tab - 1] = u' ';
+    }
+    V_ = trimmed(replaced(V_, u'\t', u' '));
+    const std::string word = engineLine ? "Engine" : "Wagon";
+    if (contains(V_, u" ") && (V_.empty() || V_.front() != u'"')) {
+        const std::string line = shownL();
+        const std::string hint = "HINT: Edit this file and search for a line like: " + word +
+                                 " ( GP38 BNSF ) and change it" + std::string(kEnd) + "to: " +
+                                 word + " ( \"GP38 BNSF\" )";
+        const std::string message =
+            engineLine
+                ? "The engine file with the name " + names_.F + std::string(kEnd) +
+                      " in the folder " + names_.D + std::string(kEnd) +
+                      " contains a name with a space and no quotes in the line \"Engine\"." +
+                      std::string(kEnd) + "The error was found on this line: " + line +
+                      std::string(kEnd) + hint
+                : "The engine file with the name " + names_.F + " in the folder " +
+                      std::string(kEnd) + names_.P +
+                      "contains a name with a space and no quotes in the line \"Wagon\"." +
+                      std::string(kEnd) + "The error was found on this line: " + line +
+                      std::string(kEnd) + hint;
+        report(kSyntax, message, ErrorCategory::Syntax, ErrorLevel::Serious);
+    }
+    V_ = trimmed(replaced(V_, u'"', u' '));
+    std::string name = names_.unit.fileName;
+    for (std::size_t at = name.find(".eng"); at != std::string::npos; at = name.find(".eng", at))
+        name.replace(at, 4, " ");
+    if (toUtf8(V_) == trimBlanks(name)) return;
+    const std::string line = shownL();
+    // The "Engine" finding has no line break after its first sentence.
+    const std::string afterWord = engineLine ? "" : std::string(kEnd);
+    report("[NAME ERROR]",
+           "The engine file " + names_.N + " in the folder " + std::string(kEnd) + names_.D +
+               std::string(kEnd) + "does not match with the name found on the line \"" + word +
+               "\"." + afterWord +
+               "Edit this file and make this line the same as its file name without the .eng "
+               "extension." +
+               std::string(kEnd) +
+               "A difference in capitalization or a wrong linefeed character can also generate "
+               "this error." +
+               std::string(kEnd) + "The error was found on this line: " + line,
+           ErrorCategory::Others, ErrorLevel::Critical);
+}
+
+// V from the first "(" to the last ")". A missing one is the check's finding; without a ")"
+// the value runs from fallbackOpen to the end of the line. False when a finding was made.
+bool EngineTest::valueInParentheses(std::size_t fallbackOpen, void (EngineTest::*error)()) {
+    std::size_t open = firstOf(L_, u"(");
+    std::size_t close = closeBeforeLineFeed(L_, lastOf(L_, u")"));
+    const bool found = open > 0 && close > 0;
+    if (!found) {
+        (this->*error)();
+        if (close == 0) {
+            open = fallbackOpen;
+            close = L_.size();
+        }
+    }
+    if (auto value = cut(L_, open + 1, static_cast<long long>(close) - open - 1))
+        V_ = trimmed(*value);
+    return found;
+}
+
+void EngineTest::stripQuotes() {
+    if (V_.size() >= 2 && V_.front() == u'"') V_ = V_.substr(1, V_.size() - 2);
+}
+
+void EngineTest::shape() {
+    valueInParentheses(10, &EngineTest::e6);
+    stripQuotes();
+    const std::uintmax_t size = sizeInside(context_.services.fs, context_.paths.mstsPath,
+                                           names_.unit.folderPath, toUtf8(V_));
+    run_.testedShapes.push_back(V());
+    ++run_.counts.filesTested;
+    if (size == 0) {
+        const std::string line = shownL();
+        report("[Engine SHAPE FILE]",
+               "The shape file " + V() + " specified by the file " + names_.F +
+                   std::string(kEnd) + "is missing from the folder " + std::string(kEnd) +
+                   names_.D + std::string(kEnd) + "The error was found on this line: " + line,
+               ErrorCategory::Shapes, ErrorLevel::Minor);
+    }
+    testShapeDef(run_, context_, names_, V_);
+}
+
+// Only the first file of the line counts, up to and with its ".s".
+void EngineTest::freightAnimation() {
+    std::size_t open = firstOf(L_, u"(");
+    std::size_t close = lastOf(upperAscii(L_), u".S");
+    if (open == 0 || close == 0) {
+        report(kSyntax, parenthesisFinding("FreightAnim", "yourshapefile.s"),
+               ErrorCategory::Syntax, ErrorLevel::Serious);
+        if (close == 0) {
+            open = 10;
+            close = L_.size();
+        }
+    }
+    if (auto value = cut(L_, open + 1, static_cast<long long>(close) - open + 1))
+        V_ = trimmed(*value);
+    if (!V_.empty() && V_.front() == u'"') V_.erase(0, 1);
+    const std::uintmax_t size = sizeInside(context_.services.fs, context_.paths.mstsPath,
+                                           names_.unit.folderPath, toUtf8(V_));
+    run_.testedShapes.push_back(V());
+    ++run_.counts.filesTested;
+    if (size == 0) {
+        const std::string line = shownL();
+        report("[ANIMATION SHAPE FILE]",
+               "The animation shape file " + V() + " specified by the file " + names_.F +
+                   std::string(kEnd) + "is missing from the folder " + std::string(kEnd) +
+                   names_.P + std::string(kEnd) + "The error was found on this line: " + line,
+               ErrorCategory::AnimationShape, ErrorLevel::Minor);
+    }
+}
+
+// A quote at one end of a value and not at the other.
+bool unbalancedQuotes(std::u16string_view value) {
+    const bool first = !value.empty() && value.front() == u'"';
+    const bool last = !value.empty() && value.back() == u'"';
+    return first != last;
+}
+
+void EngineTest::mass() {
+    valueInParentheses(10, &EngineTest::e15);
+    if (!unbalancedQuotes(V_)) return;
+    const std::string line = shownL();
+    report(kSyntax,
+           "The \"Mass\" line specified by the file " + names_.F + std::string(kEnd) +
+               "in the folder " + names_.D + " has the wrong syntax!" + std::string(kEnd) +
+               "The error was found on this line: " + line,
+           ErrorCategory::Syntax, ErrorLevel::Minor);
+}
+
+void EngineTest::displayName() {
+    valueInParentheses(10, &EngineTest::e17);
+    if (unbalancedQuotes(V_)) {
+        const std::string line = shownL();
+        report(kSyntax,
+               "The \"Name\" line specified by the file " + names_.F + std::string(kEnd) +
+                   "in the folder " + names_.D + " has the wrong syntax!" + std::string(kEnd) +
+                   "The error was found on this line: " + line,
+               ErrorCategory::Syntax, ErrorLevel::Minor);
+    }
+    if (!contains(upperAscii(L_), u"NAME(")) return;
+    const std::string line = shownL();
+    report(kSyntax,
+           "The engine file with the name " + names_.F + std::string(kEnd) + "in the folder " +
+               std::string(kEnd) + names_.P + std::string(kEnd) +
+               "has a missing space in the line \"Name\"." + std::string(kEnd) +
+               "The error was found on this line: " + line + std::string(kEnd) +
+               "HINT: Edit this file and search for a line like: Name( \"This loco name\"" +
+               std::string(kEnd) +
+               "and add the missing parenthesis so it will be like: Name ( \"This loco name\" )",
+           ErrorCategory::Syntax, ErrorLevel::Serious);
+}
+
+}  // namespace
+
+UnitNames::UnitNames(const UnitRecord& unit)
+    : unit(unit),
+      F(upperAscii(unit.fileName)),
+      D(upperAscii(unit.folderPath) + kPathSeparator),
+      P(unit.folderName + kPathSeparator + unit.fileName),
+      N(unit.fileName) {}
+
+void testThisEngine(TestRun& run, const TestContext& context, std::size_t index) {
+    const auto engines = usedRecords(context.catalogue, UnitClass::Engine);
+    if (index >= engines.size()) return;
+    EngineTest(run, context, engines[index]).run();
+}
+
+}  // namespace rakeyard

@@ -1,0 +1,29 @@
+#pragma once
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "core/platform/file_system.h"
+
+namespace rakeyard {
+
+// A name read from an MSTS file joined behind a folder as Windows takes such a path: "\" and
+// "/" alike, repeated separators as one, "." and ".." resolved by the text alone (also through
+// a folder that isn't there). The name is joined as text, so "C:\x.s" or "/etc/passwd" stays
+// below the folder. Nothing when the path leaves root, the MSTS folder.
+[[nodiscard]] std::optional<std::string> joinInside(std::string_view root, std::string_view folder,
+                                                    std::string_view name);
+
+// The size the tester looks up: 0 for a file that is missing, empty, no plain file (a folder,
+// a pipe) or outside root.
+[[nodiscard]] std::uintmax_t sizeInside(FileSystem& fs, std::string_view root,
+                                        std::string_view folder, std::string_view name);
+
+// The bytes of a plain file inside root, at most limit of them; nothing when it is missing,
+// no plain file, outside root, larger than the limit or unreadable. A pipe is never opened.
+[[nodiscard]] std::optional<std::string> readInside(FileSystem& fs, std::string_view root,
+                                                    std::string_view folder, std::string_view name,
+                                                    std::uintmax_t limit);
+
+}  // namespace rakeyard

@@ -1,0 +1,44 @@
+#pragma once
+#include <cstddef>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+
+#include "core/tester/test_state.h"
+
+namespace rakeyard {
+
+// The list row of a unit: its display name, forty blanks, "^" and its file name.
+[[nodiscard]] std::string unitTestRow(const UnitRecord& unit);
+// The record a row stands for: the first whose file name and display name (the row's text
+// before its last "^", trimmed) both equal the row's, in any case.
+[[nodiscard]] std::optional<std::size_t> recordOfTestRow(std::span<const UnitRecord> records,
+                                                         std::string_view row);
+
+// A press of a section button: the lists, the level counters and the error mark are cleared,
+// the rows are the units shown under filter (the main lists' rule), none selected. The counts
+// of files, errors and categories stay. True when reports of the section are there to show.
+bool fillSection(TestRun& run, const TestContext& context, TestSection section,
+                 std::string_view filter);
+void selectAllRows(TestRun& run, bool selected);
+
+// "Start test": the reports of the section are deleted, the selected rows tested in order and,
+// with the duplicates option, the whole catalogue checked for file names used twice. Messages
+// go through the dialogs. True when the run took up a row and found errors that the user can
+// read in the editor (the window then offers the reports).
+bool runTests(TestRun& run, const TestContext& context);
+// "Stop test": the section is filled again, so no row is selected and the walk ends after the
+// unit under test; a running duplicate check ends too.
+void stopTests(TestRun& run, const TestContext& context, std::string_view filter);
+
+// Ctrl+click on a row: the unit whose display name the row's text begins with, looked for
+// among the engines and then the wagons, opens in the text editor.
+void openTestRowInEditor(const TestContext& context, std::string_view row);
+
+// The duplicate check over the section's whole catalogue: every pair of units with the same
+// file name (case counts), in the order of a walk over the pairs, one block each in the
+// section's duplicates report, written at once.
+void checkDuplicates(TestRun& run, const TestContext& context);
+
+}  // namespace rakeyard

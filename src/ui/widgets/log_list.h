@@ -1,0 +1,24 @@
+#pragma once
+#include <QAbstractListModel>
+#include <QListView>
+#include <string>
+#include <vector>
+
+namespace rakeyard::ui {
+
+// A list view over a growing list of texts that the core keeps (the tester's logs hold hundreds
+// of thousands of rows): sync() shows the rows added since the last call in one batch, with the
+// newest row selected and in sight. No widget item is made per row.
+class LogList : public QListView {
+    Q_OBJECT
+public:
+    LogList(const std::vector<std::string>& rows, QWidget* parent = nullptr);
+    void sync();
+    int count() const;
+
+private:
+    class Model;
+    Model* model_;
+};
+
+}  // namespace rakeyard::ui

@@ -1,0 +1,167 @@
+#include <gmock/gmock.h>
+
+#include "tester_fixture.h"
+
+namespace rakeyard::test {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::HasSubstr;
+using ::testing::IsEmpty;
+
+// A host whose yield runs a step once, as a press of a button does while a run yields.
+class ScriptedHost : public TestHost {
+public:
+    void yield() override {
+        ++yields;
+        if (yields == pressAt && press) press();
+    }
+    int yields = 0;
+    int pressAt = 0;
+    std::function<void()> press;
+};
+
+class TestRuns : public TesterTest {
+protected:
+    TestContext scripted() { return {state->paths, state->catalogue, fake.services, scriptedHost}; }
+    ScriptedHost scriptedHost;
+};
+
+TEST_F(TestRuns, SectionRowsFollowTheFilterAndTheCountsTheyKeep) {
+    addEngine("A", "a.eng", soundEngine("a"), true, "Alpha");
+    addEngine("B", "b.eng", soundEngine("b"), true, "Beta");
+    state->catalogue.engines[1].hasCab = false;
+    run.counts.errorCount = 7;
+    run.counts.categories[2] = 3;
+    run.counts.levels[1] = 2;
+    run.testedShapes = {"x.s"};
+    fillSection(run, context(), TestSection::Engines, "AI");
+    EXPECT_THAT(run.rows, ElementsAre("Beta" + std::string(40, ' ') + "^b.eng"));
+    EXPECT_EQ(run.countText, "Found 1 engines");
+    EXPECT_FALSE(run.cabViewsEnabled);
+    EXPECT_EQ(run.testMode, "eng");
+    // Errors and categories stay; levels and logs go.
+    EXPECT_EQ(run.counts.errorCount, 7);
+    EXPECT_EQ(run.counts.categories[2], 3);
+    EXPECT_EQ(run.counts.levels[1], 0);
+    EXPECT_THAT(run.testedShapes, IsEmpty());
+
+    fillSection(run, context(), TestSection::Engines, "All");
+    EXPECT_EQ(run.rows.size(), 2u);
+    EXPECT_TRUE(run.cabViewsEnabled);
+}
+
+TEST_F(TestRuns, NothingSelectedIsToldAndNothingDeleted) {
+    addEngine("A", "a.eng", soundEngine("a"));
+    msts.writeBytes("../home/Reports/EngSyntax.txt", "old");
+    fillSection(run, context(), TestSection::Engines, "All");
+    EXPECT_FALSE(runTests(run, context()));
+    EXPECT_EQ(fake.dialogs.texts(),
+              std::vector<std::string>{"You must select at least one item to test!"});
+    EXPECT_EQ(report("EngSyntax.txt"), "old");
+}
+
+TEST_F(TestRuns, ARunDeletesOnlyItsSectionsReportsAndThoseOfItsOptions) {
+    addEngine("A", "a.eng", soundEngine("a"));
+    for (const char* name : {"EngSyntax.txt", "EngSounds.txt", "EngCabViews.txt",
+                             "EngDuplicate.txt", "WagSyntax.txt", "ActMissing.txt"})
+        msts.writeBytes(std::string("../home/Reports/") + name, "old");
+    fillSection(run, context(), TestSection::Engines, "All");
+    selectAllRows(run, true);
+    run.duplicates = true;
+    EXPECT_FALSE(runTests(run, context())) << "no errors: no reports to offer";
+    EXPECT_FALSE(reportExists("EngSyntax.txt"));
+    EXPECT_FALSE(reportExists("EngDuplicate.txt"));
+    EXPECT_TRUE(reportExists("EngSounds.txt")) << "the sound option was off";
+    EXPECT_TRUE(reportExists("EngCabViews.txt"));
+    EXPECT_TRUE(reportExists("WagSyntax.txt"));
+    EXPECT_TRUE(anyReportExists(state->paths, fake.fs));
+    deleteAllReports(state->paths, fake.fs);
+    EXPECT_FALSE(anyReportExists(state->paths, fake.fs)) << "activity reports are not looked at";
+    EXPECT_TRUE(reportExists("ActMissing.txt"));
+}
+
+// Rows are matched to records by their text: two units alike in name and file, in two
+// folders, both test the first.
+TEST_F(TestRuns, RowsAreTestedByTheFirstRecordTheirTextNames) {
+    addEngine("A", "gp.eng", "Wagon ( gp x\n)\n", false, "Twin");
+    addEngine("B", "gp.eng", soundEngine("gp"), true, "Twin");
+    fillSection(run, context(), TestSection::Engines, "All");
+    ASSERT_EQ(run.rows[0], run.rows[1]);
+    selectAllRows(run, true);
+    EXPECT_TRUE(runTests(run, context()));
+    // Both rows test folder A's engine: its two findings twice, and B's shape is never looked at.
+    EXPECT_EQ(run.counts.errorCount, 4);
+    EXPECT_EQ(run.counts.filesTested, 0);
+    EXPECT_EQ(run.unitShown, "A" + std::string(1, kPathSeparator) + "gp.eng");
+}
+
+TEST_F(TestRuns, DuplicatesAreEveryPairInWalkOrderOverTheWholeCatalogue) {
+    addEngine("A", "gp.eng", soundEngine("gp"));
+    addEngine("B", "gp.eng", soundEngine("gp"));
+    addEngine("C", "GP.eng", soundEngine("GP"));  // another case: no duplicate
+    addEngine("D", "gp.eng", soundEngine("gp"));
+    addEngine("E", "other.eng", soundEngine("other"), true, "Other");
+    fillSection(run, context(), TestSection::Engines, "All");
+    run.selected.back() = 1;  // only "Other" is tested
+    run.duplicates = true;
+    EXPECT_TRUE(runTests(run, context()));
+    const std::string sep(1, '/');
+    auto block = [&](const char* a, const char* b) {
+        return std::string("The Engine\t..") + sep + a + sep + "gp.eng\r\nhas the same file name "
+               "as\r\n\t.." + sep + b + sep + "gp.eng\r\n" + std::string(40, '-') + "\r\n";
+    };
+    EXPECT_EQ(report("EngDuplicate.txt"), block("A", "B") + block("A", "D") + block("B", "D"));
+    EXPECT_EQ(run.counts.errorCount, 3);
+    EXPECT_EQ(run.counts.levels, (std::array<long long, 3>{}));
+    EXPECT_EQ(run.counts.categories, (std::array<long long, 6>{}));
+}
+
+// Stop refills the rows, so the walk ends after the unit under test; the categories found so
+// far stay, and the duplicate check still runs afterwards.
+TEST_F(TestRuns, StopEndsTheWalkKeepsWhatWasFoundAndStillChecksDuplicates) {
+    addEngine("A", "a.eng", "Wagon ( a b\n)\n", false, "Alpha");
+    addEngine("B", "b.eng", "Wagon ( b c\n)\n", false, "Beta");
+    addEngine("C", "a.eng", soundEngine("a"), true, "Gamma");
+    fillSection(run, context(), TestSection::Engines, "All");
+    selectAllRows(run, true);
+    run.duplicates = true;
+    scriptedHost.pressAt = 5;  // after the first unit's faulty line
+    scriptedHost.press = [&] { stopTests(run, scripted(), "All"); };
+    EXPECT_TRUE(runTests(run, scripted()));
+    EXPECT_THAT(run.selected, ElementsAre(0, 0, 0));
+    EXPECT_THAT(report("EngSyntax.txt"), HasSubstr("a b"));
+    EXPECT_THAT(report("EngSyntax.txt"), ::testing::Not(HasSubstr("b c")));
+    EXPECT_EQ(run.counts.categories[0], 1);
+    EXPECT_EQ(run.counts.categories[5], 1);
+    EXPECT_EQ(run.counts.levels, (std::array<long long, 3>{})) << "the press cleared the levels";
+    EXPECT_TRUE(reportExists("EngDuplicate.txt"));
+    EXPECT_EQ(run.counts.errorCount, 3);
+}
+
+TEST_F(TestRuns, ReportsByModeAndCategory) {
+    EXPECT_EQ(reportName("eng", 7), "EngShapes.txt");
+    EXPECT_EQ(reportName("eng", 4), "EngCabViews.txt");
+    EXPECT_EQ(reportName("wag", 4), std::nullopt);
+    EXPECT_EQ(reportName("con", 3), std::nullopt);
+    EXPECT_EQ(reportName("act", 1), "ActMissing.txt");
+    EXPECT_EQ(reportName("eng", 0), std::nullopt);
+    EXPECT_EQ(reportName("eng", 8), std::nullopt);
+    EXPECT_EQ(reportName("", 1), std::nullopt);
+
+    run.testMode = "wag";
+    writeErrorByType(run, state->paths, fake.fs, "[X]\r\nlost", 4);
+    EXPECT_EQ(run.counts.categories, (std::array<long long, 6>{})) << "no report: no count";
+    run.testMode = "eng";
+    writeErrorByType(run, state->paths, fake.fs, "[X]\r\ncab", 4);
+    EXPECT_EQ(report("EngCabViews.txt"), "[X]\r\ncab\r\n" + std::string(40, '-') + "\r\n");
+    EXPECT_EQ(run.counts.categories[2], 1);
+
+    EXPECT_EQ(reportOfKind("wag", 3), std::nullopt);
+    EXPECT_EQ(reportOfKind("con", 2), std::nullopt);
+    EXPECT_EQ(reportOfKind("eng", 6), "EngDuplicate.txt");
+    EXPECT_THAT(existingReports(state->paths, fake.fs, "eng"), ElementsAre("EngCabViews.txt"));
+}
+
+}  // namespace
+}  // namespace rakeyard::test

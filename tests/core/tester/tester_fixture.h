@@ -1,0 +1,90 @@
+#pragma once
+// A small installation for the tester: engines written from text, their shapes, the Reports
+// folder, and a run in the engine section.
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <memory>
+#include <string>
+
+#include "core/app/app_state.h"
+#include "core/platform/paths.h"
+#include "core/tester/file_lookup.h"
+#include "core/tester/reports.h"
+#include "core/tester/test_run.h"
+#include "core/tester/unit_tests.h"
+#include "support/fakes.h"
+#include "support/msts_tree.h"
+
+namespace rakeyard::test {
+
+// An engine with every line the test looks at, and nothing wrong with it.
+inline std::string soundEngine(const std::string& name) {
+    return "Wagon ( " + name + "\n\tType ( Engine )\n\tWagonShape ( " + name +
+           ".s )\n\tMass ( 80t )\n)\nEngine ( " + name +
+           "\n\tType ( Diesel )\n\tName ( \"A sound engine\" )\n\tDescription ( \"Fine\" )\n)\n";
+}
+
+class TesterTest : public ::testing::Test {
+protected:
+    TesterTest() {
+        state->paths.programFolder = msts.home();
+        state->paths.mstsPath = msts.msts();
+        state->paths.trainsetPath = msts.trainset();
+        state->paths.editorPath = "/usr/bin/gedit";
+        std::filesystem::create_directories(msts.home() + "/Reports");
+    }
+
+    // An engine in the catalogue, written from text, with its shape and shape definition when
+    // withShape.
+    std::size_t addEngine(const std::string& folder, const std::string& file,
+                          const std::string& text, bool withShape = true,
+                          const std::string& display = "A sound engine") {
+        const std::string stem = file.substr(0, file.rfind('.'));
+        msts.write("TRAINS/TRAINSET/" + folder + "/" + file, text);
+        if (withShape) {
+            msts.writeBytes("TRAINS/TRAINSET/" + folder + "/" + stem + ".s", "shape");
+            msts.write("TRAINS/TRAINSET/" + folder + "/" + stem + ".sd",
+                       "shape ( " + stem + ".s\n\tESD_Detail_Level ( 0 )\n)\n");
+        }
+        auto& catalogue = state->catalogue;
+        UnitRecord& unit = catalogue.engines[catalogue.engineCount];
+        unit.folderName = folder;
+        unit.folderPath = msts.trainset() + "/" + folder;
+        unit.fileName = file;
+        unit.displayName = display;
+        unit.unitType = "Diesel";
+        unit.hasCab = true;
+        return catalogue.engineCount++;
+    }
+    TestContext context() { return {state->paths, state->catalogue, fake.services, host}; }
+    void testEngine(std::size_t index) {
+        run.testMode = "eng";
+        run.section = TestSection::Engines;
+        testThisEngine(run, context(), index);
+    }
+    std::string report(const std::string& name) const {
+        return msts.read("home/Reports/" + name);
+    }
+    bool reportExists(const std::string& name) const {
+        return msts.exists("home/Reports/" + name);
+    }
+    // The record a finding writes: its mark, its message and forty hyphens, lines by CR LF.
+    static std::string record(const std::string& mark, const std::string& message) {
+        return mark + "\r\n" + message + "\r\n" + std::string(40, '-') + "\r\n";
+    }
+    std::string upperFolder(const std::string& folder) const {
+        std::string path = msts.trainset() + "/" + folder + "/";
+        for (char& c : path)
+            if (c >= 'a' && c <= 'z') c = static_cast<char>(c - 'a' + 'A');
+        return path;
+    }
+
+    MstsTree msts;
+    FakeServices fake;
+    std::unique_ptr<AppState> state = std::make_unique<AppState>();
+    NoYield host;
+    TestRun run;
+};
+
+}  // namespace rakeyard::test

@@ -1,0 +1,123 @@
+#pragma once
+// An installation held in memory for the fuzz targets of the tester: files by path, and every
+// path the code under test touched, so that a target can prove nothing outside was looked at.
+#include <map>
+#include <string>
+#include <vector>
+
+#include "core/platform/services.h"
+
+namespace rakeyard::fuzz {
+
+class MemoryTree : public FileSystem {
+public:
+    std::map<std::string, std::string> files;
+    std::vector<std::string> touched;
+
+    std::vector<DirEntry> listFolder(const std::string& folder) override {
+        touch(folder);
+        return {};
+    }
+    bool isFolder(const std::string& path) override {
+        touch(path);
+        const std::string prefix = path + "/";
+        for (const auto& [name, bytes] : files)
+            if (name.starts_with(prefix)) return true;
+        return false;
+    }
+    bool isFile(const std::string& path) override {
+        touch(path);
+        return files.count(path) > 0;
+    }
+    std::optional<std::uintmax_t> fileSize(const std::string& path) override {
+        touch(path);
+        const auto found = files.find(path);
+        if (found == files.end()) return std::nullopt;
+        return found->second.size();
+    }
+    std::optional<std::string> readFile(const std::string& path) override {
+        touch(path);
+        const auto found = files.find(path);
+        if (found == files.end()) return std::nullopt;
+        return found->second;
+    }
+    ReadOutcome readFileInto(const std::string& path, std::uintmax_t limit,
+                             std::string& bytes) override {
+        bytes.clear();
+        const std::optional<std::string> read = readFile(path);
+        if (!read) return ReadOutcome::Unreadable;
+        if (read->size() > limit) return ReadOutcome::TooLarge;
+        bytes = *read;
+        return ReadOutcome::Read;
+    }
+    WriteResult writeFile(const std::string& path, std::string_view bytes) override {
+        touch(path);
+        files[path] = std::string(bytes);
+        return {true, ""};
+    }
+    bool appendFile(const std::string& path, std::string_view bytes) override {
+        touch(path);
+        files[path] += bytes;
+        return true;
+    }
+    bool removeFile(const std::string& path) override {
+        touch(path);
+        return files.erase(path) > 0;
+    }
+    bool renameFile(const std::string& from, const std::string& to) override {
+        touch(from);
+        touch(to);
+        const auto found = files.find(from);
+        if (found == files.end()) return false;
+        std::string bytes = std::move(found->second);
+        files.erase(found);
+        files[to] = std::move(bytes);
+        return true;
+    }
+    bool isLink(const std::string& path) override {
+        touch(path);
+        return false;
+    }
+    bool createFolder(const std::string& path) override {
+        touch(path);
+        return true;
+    }
+    std::string resolve(const std::string& path) override { return path; }
+
+    // Whether every path touched lies below one of the folders given.
+    bool touchedOnlyBelow(std::initializer_list<std::string_view> folders) const {
+        for (const std::string& path : touched) {
+            bool inside = false;
+            for (std::string_view folder : folders)
+                inside = inside || (path.size() > folder.size() && path.starts_with(folder) &&
+                                    path[folder.size()] == '/');
+            if (!inside) return false;
+        }
+        return true;
+    }
+
+private:
+    void touch(const std::string& path) { touched.push_back(path); }
+};
+
+// Services that show nothing and start nothing, over a memory tree.
+struct QuietServices {
+    struct Quiet : Dialogs {
+        void report(std::string_view, Icon, std::string_view) override {}
+        Answer ask(std::string_view, Buttons, Icon, Answer safe, std::string_view) override {
+            return safe;
+        }
+    } dialogs;
+    struct NoDesktop : Desktop {
+        bool moveToTrash(const std::string&) override { return false; }
+        bool startProgram(const std::string&, const std::vector<std::string>&) override {
+            return false;
+        }
+        void openUrl(std::string_view) override {}
+    } desktop;
+    NoProgress progress;
+    MemoryTree tree;
+    Services services{tree, dialogs, progress, desktop};
+};
+
+}  // namespace rakeyard::fuzz
