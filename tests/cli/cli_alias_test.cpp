@@ -43,12 +43,14 @@ TEST_F(AliasCommands, ListShowsTheThreeListsOfTheSamples) {
 TEST_F(AliasCommands, AliasThenRestoreGivesTheEngineBackByteForByte) {
     const std::string engine = trainset("RY_Class20/RY_Class20.eng");
     const std::string original = readWholeFile(engine);
-    const CliRun alias = run({"alias", "engine", "ry_class20", "RY_Class37.eng", "RY_Class4F"});
+    const CliRun alias = run({"alias", "engine", "ry_class20", "RY_Class37.eng", "RY_Class86"});
     EXPECT_EQ(alias.status, 0) << alias.err;
     EXPECT_THAT(alias.err, HasSubstr("info: The locomotive has been aliased!"));
     EXPECT_EQ(readWholeFile(engine + ".bk"), original);
     EXPECT_TRUE(std::filesystem::exists(trainset("RY_Class20/CABVIEW/RY_37.cvf")));
-    EXPECT_TRUE(std::filesystem::exists(trainset("RY_Class20/SOUND/RY_4F_cab.sms")));
+    EXPECT_TRUE(std::filesystem::exists(trainset("RY_Class20/SOUND/RY_86_cab.sms")));
+    const CliRun tested = run({"test", "engines", "RY_Class20"});
+    EXPECT_EQ(tested.status, 0) << tested.out << tested.err;
 
     const CliRun second = run({"alias", "engine", "RY_Class20", "-", "RY_Class86"});
     EXPECT_EQ(second.status, 1);
