@@ -147,6 +147,16 @@ TEST_F(AliasFromEngine, RefusesToRemoveAFileAnotherEngineOfTheFolderNames) {
     EXPECT_TRUE(exists("Tgt/CABVIEW/old.cvf"));
 }
 
+TEST_F(AliasFromEngine, RefusesACabViewFolderThatLinksElsewhere) {
+    std::filesystem::rename(path("Tgt/CABVIEW"), path("Elsewhere"));
+    std::filesystem::create_directory_symlink(path("Elsewhere"), path("Tgt/CABVIEW"));
+    EXPECT_EQ(alias({"tgt.eng", "src.eng", "-- NO ALIAS --"}), AliasOutcome::Refused);
+    EXPECT_THAT(fake.dialogs.texts().at(0), HasSubstr("is a link to another place"));
+    EXPECT_TRUE(exists("Elsewhere/old.cvf"));
+    EXPECT_FALSE(exists("Elsewhere/src.cvf"));
+    EXPECT_FALSE(exists("Tgt/Tgt.eng.bk"));
+}
+
 TEST_F(AliasFromEngine, RefusesAWavNameWithoutQuotesBeforeAnyChange) {
     write("Src/SOUND/src_cab.sms", "\tFile ( a.wav -1 )\n");
     EXPECT_EQ(alias({"tgt.eng", "-- NO ALIAS --", "src.eng"}), AliasOutcome::Refused);
