@@ -36,6 +36,15 @@ QListWidget* captionedList(const QString& name, const QString& caption, QGridLay
     return list;
 }
 
+// The hourglass for as long as the scope lasts, whatever leaves it.
+class BusyCursor {
+public:
+    BusyCursor() { QApplication::setOverrideCursor(Qt::WaitCursor); }
+    ~BusyCursor() { QApplication::restoreOverrideCursor(); }
+    BusyCursor(const BusyCursor&) = delete;
+    BusyCursor& operator=(const BusyCursor&) = delete;
+};
+
 void fill(QListWidget* list, const std::vector<std::string>& lines) {
     list->clear();
     for (const std::string& line : lines)
@@ -106,9 +115,10 @@ void frmAlias::Form_Load() {
 }
 
 void frmAlias::buildLists() {
-    QApplication::setOverrideCursor(Qt::WaitCursor);
-    lists_ = buildAliasLists(state_.catalogue, services_);
-    QApplication::restoreOverrideCursor();
+    {
+        BusyCursor busy;
+        lists_ = buildAliasLists(state_.catalogue, services_);
+    }
     fill(listNotAliased, lists_.notAliased);
     fill(listBaseEngineCabs, lists_.cabSources);
     fill(listBaseEngineSounds, lists_.soundSources);
@@ -137,11 +147,9 @@ void frmAlias::cmdEngAlias_Click() {
         choice.cabSource = chosenLine(listBaseEngineCabs);
         choice.soundSource = chosenLine(listBaseEngineSounds);
         choice.backup = Check1->isChecked();
-        QApplication::setOverrideCursor(Qt::WaitCursor);
-        const AliasOutcome outcome =
-            aliasFromEngine(lists_, choice, state_.catalogue, state_.paths, services_);
-        QApplication::restoreOverrideCursor();
-        (void)outcome;  // told to the user; the lists are built again on the next opening
+        // The outcome has been told; the lists are built again on the next opening.
+        BusyCursor busy;
+        (void)aliasFromEngine(lists_, choice, state_.catalogue, state_.paths, services_);
     });
 }
 
