@@ -10,6 +10,7 @@
 #include <cstdint>
 #include <cstdio>
 #include <filesystem>
+#include <functional>
 #include <fstream>
 #include <string>
 #include <vector>
@@ -165,6 +166,26 @@ void writeFile(const std::filesystem::path& path, const std::string& bytes) {
         .write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
 }
 
+// The cab view and sound files an engine names, one in five pointing into another folder as an
+// alias leaves them, so that the aliasing lists have files to look at. They take nothing from the
+// random numbers, so the units are those of the same seed without them.
+void writeCabAndSounds(const std::filesystem::path& folder, const std::string& name,
+                       const std::string& text) {
+    const bool aliased = std::hash<std::string>{}(name) % 5 == 0;
+    const std::string where = aliased ? "..\\\\..\\\\Common\\\\" : "";
+    if (text.find("CabView ( ") != std::string::npos) {
+        std::filesystem::create_directories(folder / "CABVIEW");
+        std::string cab = "SIMISA@@@@@@@@@@JINX0h0t______\n\nTr_CabViewFile (\n";
+        for (const char* view : {"front", "left", "right"})
+            cab += "\tCabViewFile ( " + where + name + "_" + view + ".ace )\n";
+        writeFile(folder / "CABVIEW" / (name + ".cvf"), msts(cab + ")\n"));
+    }
+    std::filesystem::create_directories(folder / "SOUND");
+    writeFile(folder / "SOUND" / (name + "_eng.sms"),
+              msts("SIMISA@@@@@@@@@@JINX0x1t______\n\nTr_SMS (\n\tFile ( \"" + where + name +
+                   "_idle.wav\" -1 )\n)\n"));
+}
+
 // Fills one folder with its units and the shape files beside them.
 void writeUnits(const std::filesystem::path& folder, const std::string& stem, int count,
                 bool engines, Random& random) {
@@ -173,8 +194,9 @@ void writeUnits(const std::filesystem::path& folder, const std::string& stem, in
         const std::string name = mixedCase(stem + "_" + std::to_string(i), random);
         const std::string extension =
             random.below(50) == 0 ? (engines ? ".ENG" : ".WAG") : (engines ? ".eng" : ".wag");
-        writeFile(folder / (name + extension),
-                  msts(engines ? engineText(name, random) : wagonText(name, random)));
+        const std::string text = engines ? engineText(name, random) : wagonText(name, random);
+        writeFile(folder / (name + extension), msts(text));
+        if (engines) writeCabAndSounds(folder, name, text);
         writeFile(folder / (name + ".sd"),
                   msts("SIMISA@@@@@@@@@@JINX0t1t______\n\nshape ( " + name + ".s\n)\n"));
         writeFile(folder / (name + ".s"), std::string(512, '\x01'));

@@ -22,6 +22,11 @@ int runConsistShow(CliContext& context, CommandArguments& arguments);
 int runConsistCopy(CliContext& context, CommandArguments& arguments);
 int runConsistNew(CliContext& context, CommandArguments& arguments);
 int runTestEngines(CliContext& context, CommandArguments& arguments);
+int runAliasList(CliContext& context, CommandArguments& arguments);
+int runAliasEngine(CliContext& context, CommandArguments& arguments);
+int runAliasCabFolder(CliContext& context, CommandArguments& arguments);
+int runAliasSoundFolder(CliContext& context, CommandArguments& arguments);
+int runAliasRestore(CliContext& context, CommandArguments& arguments);
 
 // Reports a usage error of a command and returns kExitUsage.
 int usageError(CliContext& context, std::string_view text);

@@ -21,10 +21,11 @@ TEST(CliUsage, HelpListsTheBuiltCommandsOnly) {
     EXPECT_EQ(run.status, 0);
     for (const char* built : {"catalogue engines", "catalogue wagons", "consist show",
                               "consist copy", "consist new", "unicode check", "unicode convert",
-                              "test engines"})
+                              "test engines", "alias list", "alias engine", "alias cab-folder",
+                              "alias sound-folder", "alias restore"})
         EXPECT_THAT(run.out, HasSubstr(built)) << built;
-    for (const char* unbuilt : {"test wagons", "test consists", "routes", "activities", "loose-test", "deps",
-                                "alias", "unit edit", "tools"})
+    for (const char* unbuilt : {"test wagons", "test consists", "routes", "activities",
+                                "loose-test", "deps", "unit edit", "tools"})
         EXPECT_THAT(run.out, Not(HasSubstr(unbuilt))) << unbuilt;
 }
 
@@ -32,7 +33,7 @@ TEST(CliUsage, CommandsNotBuiltAreNotAvailableWithStatus2) {
     MstsTree msts;
     const std::vector<std::vector<std::string>> commands = {
         {"test", "wagons"},  {"routes"},
-        {"deps", "ROUTE"},   {"alias", "list"},
+        {"deps", "ROUTE"},   {"alias"},
         {"tools", "stats"},  {"frobnicate"},
         {"catalogue"},       {"consist", "delete", "x"},
         {"unicode"},         {"unit", "edit", "x.eng"}};
@@ -57,6 +58,8 @@ TEST(CliUsage, BadUsageOfABuiltCommandIsStatus2) {
         {"catalogue", "engines", "--filter"},
         {"catalogue", "wagons", "--frobnicate"},
         {"unicode", "check", "extra"},
+        {"alias", "engine", "a", "b"},
+        {"alias", "restore", "a", "b"},
         {"catalogue", "engines", "--yes", "--no"},
         {"catalogue", "engines", "--home"}};
     for (std::vector<std::string> command : commands) {

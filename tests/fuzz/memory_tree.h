@@ -64,6 +64,20 @@ public:
         touch(path);
         return files.erase(path) > 0;
     }
+    bool renameFile(const std::string& from, const std::string& to) override {
+        touch(from);
+        touch(to);
+        const auto found = files.find(from);
+        if (found == files.end()) return false;
+        std::string bytes = std::move(found->second);
+        files.erase(found);
+        files[to] = std::move(bytes);
+        return true;
+    }
+    bool isLink(const std::string& path) override {
+        touch(path);
+        return false;
+    }
     bool createFolder(const std::string& path) override {
         touch(path);
         return true;

@@ -49,6 +49,12 @@ public:
     // Appends to a report or log of the program's own (not a user's MSTS file).
     [[nodiscard]] virtual bool appendFile(const std::string& path, std::string_view bytes) = 0;
     [[nodiscard]] virtual bool removeFile(const std::string& path) = 0;
+    // Gives a file another name. The folder of `to` is resolved, its last part is taken exactly
+    // as given (so a name's letter case can change), and a file of exactly that name is replaced
+    // in one step.
+    [[nodiscard]] virtual bool renameFile(const std::string& from, const std::string& to) = 0;
+    // True when the path itself is a symbolic link, whatever it points to.
+    [[nodiscard]] virtual bool isLink(const std::string& path) = 0;
     [[nodiscard]] virtual bool createFolder(const std::string& path) = 0;
     // The path as it stands on disk: separators of this platform, each existing part in its
     // on-disk case. Parts that don't exist are kept as given.

@@ -473,6 +473,23 @@ bool LocalFileSystem::removeFile(const std::string& path) {
     return removed;
 }
 
+bool LocalFileSystem::renameFile(const std::string& from, const std::string& to) {
+    const std::string source = resolve(from);
+    const std::string folder = resolve(parentPath(to));
+    const std::string target = joinPath(folder, lastPathPart(to));
+    std::error_code ec;
+    if (!fs::is_regular_file(toPath(source), ec)) return false;
+    fs::rename(toPath(source), toPath(target), ec);
+    forgetListing(folderOf(source));
+    forgetListing(folder);
+    return !ec;
+}
+
+bool LocalFileSystem::isLink(const std::string& path) {
+    std::error_code ec;
+    return !path.empty() && fs::is_symlink(toPath(resolve(path)), ec);
+}
+
 bool LocalFileSystem::createFolder(const std::string& path) {
     if (path.empty()) return false;
     const std::string target = resolve(path);

@@ -25,6 +25,8 @@ public:
     WriteResult writeFile(const std::string& path, std::string_view bytes) override;
     bool appendFile(const std::string& path, std::string_view bytes) override;
     bool removeFile(const std::string& path) override;
+    bool renameFile(const std::string& from, const std::string& to) override;
+    bool isLink(const std::string& path) override;
     bool createFolder(const std::string& path) override;
     std::string resolve(const std::string& path) override;
 

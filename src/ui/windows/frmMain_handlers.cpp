@@ -71,6 +71,7 @@ void frmMain::connectMenus() {
     both(mnuDelete, "delete", &frmMain::mnuDelete_Click);
     both(mnuUnicode, nullptr, &frmMain::mnuUnicode_Click);
     both(mnuMissing, "test", &frmMain::mnuMissing_Click);
+    both(mnuAliasing, "alias", &frmMain::mnuAliasing_Click);
     both(mnuSteam, nullptr, &frmMain::mnuSteam_Click);
     both(mnuDiesel, nullptr, &frmMain::mnuDiesel_Click);
     both(mnuElectric, nullptr, &frmMain::mnuElectric_Click);
@@ -95,10 +96,10 @@ void frmMain::connectMenus() {
 // as coming.
 void frmMain::enableBuiltEntries() {
     std::vector<QAction*> notYet = {
-        mnuEditUnit, mnuEditFile, mnuLoose,    mnuActivities, mnuPreview,   mnu3D,
-        mnuPicture,  mnuConsUse,  mnuActsUse,  mnuAliasing,   mnuMaxvel,    mnuAllocated, mnuBigones};
-    for (const char* key : {"activity", "alias", "random", "3dview", "activitydependencies",
-                            "dependencies", "loose"})
+        mnuEditUnit, mnuEditFile, mnuLoose,   mnuActivities, mnuPreview,   mnu3D,
+        mnuPicture,  mnuConsUse,  mnuActsUse, mnuMaxvel,     mnuAllocated, mnuBigones};
+    for (const char* key :
+         {"activity", "random", "3dview", "activitydependencies", "dependencies", "loose"})
         notYet.push_back(toolbarButton(this, key));
     for (QAction* entry : notYet) {
         entry->setEnabled(false);

@@ -15,6 +15,7 @@
 #include "core/settings/settings_file.h"
 #include "ui/support/handler_guard.h"
 #include "ui/widgets/unit_list_view.h"
+#include "ui/windows/frmAlias.h"
 #include "ui/windows/frmMain.h"
 #include "ui/windows/frmUnicode.h"
 #include "ui/windows/qt_services.h"
@@ -241,6 +242,14 @@ void frmMain::mnuUnicode_Click() {
         frmUnicode window(state_, services_, this);
         window.show();
         window.checkUnicode();
+        window.exec();
+    });
+}
+
+void frmMain::mnuAliasing_Click() {
+    runGuarded(services_.dialogs, [&] {
+        frmAlias window(state_, services_, this);
+        window.Form_Load();
         window.exec();
     });
 }

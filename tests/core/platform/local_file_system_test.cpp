@@ -170,6 +170,30 @@ TEST_F(Resolve, SeesWhatItCreatedItself) {
     EXPECT_TRUE(files.isFolder(temp / "TRAINS/CONSISTS/NEW/deeper"));
 }
 
+TEST_F(Resolve, RenameKeepsTheNewNamesCaseAndReplacesOnlyThatExactName) {
+    ageFolder(temp / "Trains/Trainset/GP38");
+    writeText(temp / "Trains/Trainset/GP38/gp38.eng.bk", "backup");
+    ASSERT_TRUE(files.renameFile(temp / "trains/trainset/gp38/GP38.ENG.BK",
+                                 temp / "trains/trainset/gp38/GP38.ENG"));
+    std::vector<std::string> names;
+    for (const DirEntry& entry : files.listFolder(temp / "Trains/Trainset/GP38"))
+        names.push_back(entry.name);
+    EXPECT_EQ(names, (std::vector<std::string>{"GP38.ENG", "gp38.eng"}));
+    writeText(temp / "Trains/Trainset/GP38/new", "newer");
+    ASSERT_TRUE(files.renameFile(temp / "Trains/Trainset/GP38/new",
+                                 temp / "Trains/Trainset/GP38/GP38.ENG"));
+    EXPECT_EQ(test::readWholeFile(temp / "Trains/Trainset/GP38/GP38.ENG"), "newer");
+    EXPECT_FALSE(files.renameFile(temp / "Trains/Trainset/GP38/gone", temp / "x"));
+}
+
+TEST_F(Resolve, TellsALinkFromWhatItPointsTo) {
+    fs::create_directory_symlink(temp / "Trains/Consists", temp / "Trains/Trainset/GP38/CABVIEW");
+    EXPECT_TRUE(files.isLink(temp / "trains/trainset/gp38/cabview"));
+    EXPECT_TRUE(files.isFolder(temp / "trains/trainset/gp38/cabview"));
+    EXPECT_FALSE(files.isLink(temp / "Trains/Consists"));
+    EXPECT_FALSE(files.isLink(temp / "Trains/missing"));
+}
+
 TEST(ResolveRealData, FindsAUnitFileWhoseNameDiffersInCaseFromItsFolder) {
     const std::string root = std::string(RAKEYARD_REALDATA_DIR) + "/cjakeman_Demo-Model-1";
     const std::string onDisk =
