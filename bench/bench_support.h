@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <chrono>
+#include <cstdio>
 #include <functional>
 #include <string>
 #include <vector>
@@ -72,10 +73,12 @@ inline long peakMegabytes() {
 
 // The wall and CPU times of each run of one contender, and the peak memory after it.
 struct Timings {
+    Timings(std::string name, std::function<void()> work)
+        : name(std::move(name)), work(std::move(work)) {}
     std::string name;
     std::function<void()> work;
-    std::vector<double> wall;
-    std::vector<double> cpu;
+    std::vector<double> wall{};
+    std::vector<double> cpu{};
     long peak = 0;  // the process's, after the first run
 
     void run() {
@@ -92,6 +95,25 @@ inline double median(std::vector<double> values) {
     std::sort(values.begin(), values.end());
     const std::size_t n = values.size();
     return n % 2 ? values[n / 2] : (values[n / 2 - 1] + values[n / 2]) / 2;
+}
+
+// Runs the contenders in turn, runs times each, then prints each one's median wall and CPU time
+// with its ratios to the first contender, the floor.
+inline void runAndPrint(std::vector<Timings>& contenders, int runs, bool withPeak) {
+    for (int i = 0; i < runs; ++i)
+        for (Timings& contender : contenders)
+            contender.run();
+    const double floorWall = median(contenders[0].wall);
+    const double floorCpu = median(contenders[0].cpu);
+    std::printf("median of %d runs each, taking turns:\n", runs);
+    for (const Timings& c : contenders) {
+        const double wall = median(c.wall);
+        const double cpu = median(c.cpu);
+        std::printf("  %-16s wall %.3f s (%.2fx)  cpu %.3f s (%.2fx)", c.name.c_str(), wall,
+                    wall / floorWall, cpu, cpu / floorCpu);
+        if (withPeak) std::printf("  peak %ld MB", c.peak);
+        std::printf("\n");
+    }
 }
 
 }  // namespace rakeyard::bench

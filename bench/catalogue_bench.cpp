@@ -107,23 +107,10 @@ int main(int argc, char** argv) {
         {"load, all cores", [&] { units = loadCatalogue(msts, home.string(), 0); }},
     };
     contenders[0].work();  // warms the file cache
-    for (int i = 0; i < runs; ++i) {
-        for (Timings& contender : contenders)
-            contender.run();
-    }
-    std::filesystem::remove_all(home);
-
-    const double floorWall = median(contenders[0].wall);
-    const double floorCpu = median(contenders[0].cpu);
     std::printf("installation: %s\n", msts.c_str());
+    runAndPrint(contenders, runs, true);
+    std::filesystem::remove_all(home);
     std::printf("units stored: %zu; line ends the floor decoded: %zu\n", units, lineEnds);
-    std::printf("median of %d runs each, taking turns:\n", runs);
-    for (const Timings& c : contenders) {
-        const double wall = median(c.wall);
-        const double cpu = median(c.cpu);
-        std::printf("  %-16s wall %.3f s (%.2fx)  cpu %.3f s (%.2fx)  peak %ld MB\n",
-                    c.name.c_str(), wall, wall / floorWall, cpu, cpu / floorCpu, c.peak);
-    }
     std::printf("ratios are to the floor; peak memory is the process's after the first run\n");
     return 0;
 }

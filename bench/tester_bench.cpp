@@ -102,22 +102,10 @@ int main(int argc, char** argv) {
         {"floor, 1 thread", [&] { bytes = floorOf(fs.read, fs.sized); }},
         {"test, 1 thread", [&] { (void)testAllEngines(*state, services); }},
     };
-    for (int i = 0; i < runs; ++i)
-        for (Timings& contender : contenders)
-            contender.run();
-    std::filesystem::remove_all(home);
-
-    const double floorWall = median(contenders[0].wall);
-    const double floorCpu = median(contenders[0].cpu);
     std::printf("installation: %s\n", msts.c_str());
+    runAndPrint(contenders, runs, false);
+    std::filesystem::remove_all(home);
     std::printf("engines: %zu; files read: %zu; files sized: %zu; bytes: %zu; errors: %lld\n",
                 state->catalogue.engineCount, fs.read.size(), fs.sized.size(), bytes, errors);
-    std::printf("median of %d runs each, taking turns:\n", runs);
-    for (const Timings& c : contenders) {
-        const double wall = median(c.wall);
-        const double cpu = median(c.cpu);
-        std::printf("  %-16s wall %.3f s (%.2fx)  cpu %.3f s (%.2fx)\n", c.name.c_str(), wall,
-                    wall / floorWall, cpu, cpu / floorCpu);
-    }
     return 0;
 }

@@ -40,6 +40,9 @@ private:
     void freightAnimation();
     void mass();
     void displayName();
+    void lookUpShape(std::string_view mark, std::string_view what, const std::string& place,
+                     ErrorCategory category);
+    void wrongSyntaxWhenUnbalanced(std::string_view word);
 
     // L as the findings show it; from the first finding on the line, L keeps that form, and its
     // key follows it.
@@ -238,18 +241,7 @@ void EngineTest::stripQuotes() {
 void EngineTest::shape() {
     valueInParentheses(10, &EngineTest::e6);
     stripQuotes();
-    const std::uintmax_t size = sizeInside(context_.services.fs, context_.paths.mstsPath,
-                                           names_.unit.folderPath, toUtf8(V_));
-    run_.testedShapes.push_back(V());
-    ++run_.counts.filesTested;
-    if (size == 0) {
-        const std::string line = shownL();
-        report("[Engine SHAPE FILE]",
-               "The shape file " + V() + " specified by the file " + names_.F +
-                   std::string(kEnd) + "is missing from the folder " + std::string(kEnd) +
-                   names_.D + std::string(kEnd) + "The error was found on this line: " + line,
-               ErrorCategory::Shapes, ErrorLevel::Minor);
-    }
+    lookUpShape("[Engine SHAPE FILE]", "The shape file ", names_.D, ErrorCategory::Shapes);
     testShapeDef(run_, context_, names_, V_);
 }
 
@@ -268,48 +260,49 @@ void EngineTest::freightAnimation() {
     if (auto value = cut(line_, open + 1, static_cast<long long>(close) - open + 1))
         V_ = trimmed(*value);
     if (!V_.empty() && V_.front() == u'"') V_.erase(0, 1);
+    lookUpShape("[ANIMATION SHAPE FILE]", "The animation shape file ", names_.P,
+                ErrorCategory::AnimationShape);
+}
+
+// V, a shape in the unit's folder: logged and counted, and a finding when it is missing. The
+// shape's finding names the folder, the animation's the unit.
+void EngineTest::lookUpShape(std::string_view mark, std::string_view what,
+                             const std::string& place, ErrorCategory category) {
     const std::uintmax_t size = sizeInside(context_.services.fs, context_.paths.mstsPath,
                                            names_.unit.folderPath, toUtf8(V_));
     run_.testedShapes.push_back(V());
     ++run_.counts.filesTested;
-    if (size == 0) {
-        const std::string line = shownL();
-        report("[ANIMATION SHAPE FILE]",
-               "The animation shape file " + V() + " specified by the file " + names_.F +
-                   std::string(kEnd) + "is missing from the folder " + std::string(kEnd) +
-                   names_.P + std::string(kEnd) + "The error was found on this line: " + line,
-               ErrorCategory::AnimationShape, ErrorLevel::Minor);
-    }
+    if (size != 0) return;
+    const std::string line = shownL();
+    report(mark,
+           std::string(what) + V() + " specified by the file " + names_.F + std::string(kEnd) +
+               "is missing from the folder " + std::string(kEnd) + place + std::string(kEnd) +
+               "The error was found on this line: " + line,
+           category, ErrorLevel::Minor);
 }
 
-// A quote at one end of a value and not at the other.
-bool unbalancedQuotes(std::u16string_view value) {
-    const bool first = !value.empty() && value.front() == u'"';
-    const bool last = !value.empty() && value.back() == u'"';
-    return first != last;
-}
 
 void EngineTest::mass() {
     valueInParentheses(10, &EngineTest::e15);
-    if (!unbalancedQuotes(V_)) return;
+    wrongSyntaxWhenUnbalanced("Mass");
+}
+
+// A value with a quote at one end and not at the other.
+void EngineTest::wrongSyntaxWhenUnbalanced(std::string_view word) {
+    const bool first = !V_.empty() && V_.front() == u'"';
+    const bool last = !V_.empty() && V_.back() == u'"';
+    if (first == last) return;
     const std::string line = shownL();
     report(kSyntax,
-           "The \"Mass\" line specified by the file " + names_.F + std::string(kEnd) +
-               "in the folder " + names_.D + " has the wrong syntax!" + std::string(kEnd) +
-               "The error was found on this line: " + line,
+           "The \"" + std::string(word) + "\" line specified by the file " + names_.F +
+               std::string(kEnd) + "in the folder " + names_.D + " has the wrong syntax!" +
+               std::string(kEnd) + "The error was found on this line: " + line,
            ErrorCategory::Syntax, ErrorLevel::Minor);
 }
 
 void EngineTest::displayName() {
     valueInParentheses(10, &EngineTest::e17);
-    if (unbalancedQuotes(V_)) {
-        const std::string line = shownL();
-        report(kSyntax,
-               "The \"Name\" line specified by the file " + names_.F + std::string(kEnd) +
-                   "in the folder " + names_.D + " has the wrong syntax!" + std::string(kEnd) +
-                   "The error was found on this line: " + line,
-               ErrorCategory::Syntax, ErrorLevel::Minor);
-    }
+    wrongSyntaxWhenUnbalanced("Name");
     if (!contains(key_, "NAME(")) return;
     const std::string line = shownL();
     report(kSyntax,

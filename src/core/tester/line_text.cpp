@@ -4,14 +4,29 @@
 
 namespace rakeyard {
 
+namespace {
+
+// Positions from 1, 0 for none, in a line or in its search key alike.
+template <typename Text>
+std::size_t firstIn(Text text, Text what) {
+    const std::size_t at = text.find(what);
+    return at == Text::npos ? 0 : at + 1;
+}
+
+template <typename Text>
+std::size_t lastIn(Text text, Text what) {
+    const std::size_t at = text.rfind(what);
+    return at == Text::npos ? 0 : at + 1;
+}
+
+}  // namespace
+
 std::size_t firstOf(std::u16string_view line, std::u16string_view what) {
-    const std::size_t at = line.find(what);
-    return at == std::u16string_view::npos ? 0 : at + 1;
+    return firstIn(line, what);
 }
 
 std::size_t lastOf(std::u16string_view line, std::u16string_view what) {
-    const std::size_t at = line.rfind(what);
-    return at == std::u16string_view::npos ? 0 : at + 1;
+    return lastIn(line, what);
 }
 
 std::optional<Line> cut(std::u16string_view line, std::size_t start, long long count) {
@@ -26,11 +41,11 @@ Line cutFrom(std::u16string_view line, std::size_t start) {
 }
 
 bool contains(std::u16string_view line, std::u16string_view what) {
-    return line.find(what) != std::u16string_view::npos;
+    return firstIn(line, what) != 0;
 }
 
 bool inFirst(std::u16string_view line, std::size_t n, std::u16string_view what) {
-    return line.substr(0, n).find(what) != std::u16string_view::npos;
+    return firstIn(line.substr(0, n), what) != 0;
 }
 
 Line replaced(std::u16string_view line, char16_t from, char16_t to) {
@@ -65,21 +80,19 @@ std::uint32_t searchKey(std::u16string_view line, std::string& key) {
 }
 
 std::size_t firstOf(std::string_view key, std::string_view word) {
-    const std::size_t at = key.find(word);
-    return at == std::string_view::npos ? 0 : at + 1;
+    return firstIn(key, word);
 }
 
 std::size_t lastOf(std::string_view key, std::string_view word) {
-    const std::size_t at = key.rfind(word);
-    return at == std::string_view::npos ? 0 : at + 1;
+    return lastIn(key, word);
 }
 
 bool contains(std::string_view key, std::string_view word) {
-    return key.find(word) != std::string_view::npos;
+    return firstIn(key, word) != 0;
 }
 
 bool inFirst(std::string_view key, std::size_t n, std::string_view word) {
-    return key.substr(0, n).find(word) != std::string_view::npos;
+    return firstIn(key.substr(0, n), word) != 0;
 }
 
 Line shownLine(std::u16string_view line) {

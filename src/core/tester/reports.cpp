@@ -31,12 +31,7 @@ constexpr std::string_view kKnownReports[] = {
     "ConErrList.txt",  "ConMissing.txt", "ConSyntax.txt"};
 
 std::string_view familyOf(TestSection section) {
-    switch (section) {
-        case TestSection::Engines: return "Eng";
-        case TestSection::Wagons: return "Wag";
-        case TestSection::Consists: return "Con";
-    }
-    return "";
+    return familyOf(testModeOf(section));
 }
 
 void removeReport(const PathGlobals& paths, FileSystem& fs, std::string_view name) {

@@ -14,15 +14,6 @@ namespace rakeyard {
 
 namespace {
 
-std::string_view modeOf(TestSection section) {
-    switch (section) {
-        case TestSection::Engines: return "eng";
-        case TestSection::Wagons: return "wag";
-        case TestSection::Consists: return "con";
-    }
-    return "";
-}
-
 std::span<const UnitRecord> recordsOf(const TestContext& context, TestSection section) {
     return usedRecords(context.catalogue,
                        section == TestSection::Engines ? UnitClass::Engine : UnitClass::Wagon);
@@ -92,7 +83,7 @@ bool fillSection(TestRun& run, const TestContext& context, TestSection section,
     run.unitShown.clear();
     run.filesTestedText.clear();
     run.section = section;
-    run.testMode = std::string(modeOf(section));
+    run.testMode = std::string(testModeOf(section));
     run.rows.clear();
     const bool engines = section == TestSection::Engines;
     run.cabViewsEnabled = engines && filter != "AI";

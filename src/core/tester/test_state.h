@@ -14,6 +14,10 @@
 namespace rakeyard {
 
 enum class TestSection { Engines, Wagons, Consists };
+// The report family of a section: "eng", "wag" or "con".
+[[nodiscard]] constexpr std::string_view testModeOf(TestSection section) {
+    return section == TestSection::Engines ? "eng" : section == TestSection::Wagons ? "wag" : "con";
+}
 enum class ErrorLevel { Minor = 0, Serious = 1, Critical = 2 };
 // A finding's category as the reports take it: 7 is a shape of a freight animation.
 enum class ErrorCategory {
