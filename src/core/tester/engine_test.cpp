@@ -101,12 +101,16 @@ bool EngineTest::checkLine(std::u16string_view line, std::string_view key) {
     constexpr std::uint32_t kComment = lettersOf("COMMENT");
     std::size_t keep = line.size();
     if ((letters_ & kComment) == kComment) {
-        if (inFirst(key, 9, "COMMENT")) return true;
-        if (const std::size_t at = firstOf(key, "COMMENT")) keep = at - 1;
+        if (const std::size_t at = firstOf(key, "COMMENT")) {
+            if (at + 6 <= 9) return true;  // the word stands whole in the first nine characters
+            keep = at - 1;
+        }
     }
-    if (inFirst(key.substr(0, keep), 9, "#_")) return true;
-    // The blank in front of the mark goes with it.
-    if (const std::size_t at = firstOf(key.substr(0, keep), "#_")) keep = at - 2;
+    // The blank in front of a "#_" mark goes with it.
+    if (const std::size_t at = firstOf(key.substr(0, keep), "#_")) {
+        if (at + 1 <= 9) return true;  // the mark stands whole in the first nine characters
+        keep = at - 2;
+    }
     key_ = key.substr(0, keep);
     line_ = line.substr(0, keep);
     L_.clear();
@@ -116,19 +120,18 @@ bool EngineTest::checkLine(std::u16string_view line, std::string_view key) {
 void EngineTest::run() {
     const UnitRecord& unit = names_.unit;
     run_.unitShown = names_.P;
-    const std::optional<std::string> bytes =
-        readInside(context_.services.fs, context_.paths.mstsPath, unit.folderPath, unit.fileName,
-                   kUnitFileSizeLimit);
-    if (!bytes) {
+    // The buffers are kept from engine to engine: a run reads thousands of them.
+    static thread_local std::string bytes;
+    static thread_local std::u16string text;
+    if (!readInside(context_.services.fs, context_.paths.mstsPath, unit.folderPath, unit.fileName,
+                    kUnitFileSizeLimit, bytes)) {
         report("[ENGINE FILE MISSING]",
                "The engine file with the name " + names_.F + " is missing from the folder " +
                    std::string(kEnd) + names_.P,
                ErrorCategory::Missing, ErrorLevel::Minor);
         return;
     }
-    // The text buffer is kept from engine to engine: a run reads thousands of them.
-    static thread_local std::u16string text;
-    decodeLineText(*bytes, text);
+    decodeLineText(bytes, text);
     const std::u16string_view all(text);
     for (std::size_t start = 0; start < all.size();) {
         const std::size_t end = nextLineEnd(all, start);
@@ -145,21 +148,27 @@ void EngineTest::run() {
 
 // Each check looks at L as it stands then: a finding before it may have turned its TABs. The
 // head names are checked on a description's line too; nothing after that line is.
+// A word sought in a line, with its letters: a line that lacks one of them is not searched.
+struct Word {
+    std::string_view text;
+    std::uint32_t letters;
+    constexpr Word(std::string_view word) : text(word), letters(lettersOf(word)) {}
+};
+
 EngineTest::Reading EngineTest::lineChecks() {
-    // A word whose letters the line lacks is not searched for: most lines hold none of them.
-    auto has = [this](std::string_view word) {
-        const std::uint32_t needed = lettersOf(word);
-        return (letters_ & needed) == needed && contains(key_, word);
+    static constexpr Word kWagon("WAGON"), kWagonShape("WAGONSHAPE"), kEngine("ENGINE ("),
+        kBrakeEngine("BRAKE_ENGINE"), kMonitoring("MONITORINGDEVICEAPPLIESSHUTSDOWNENGINE"),
+        kDescription("DESCRIPTION"), kFreightAnim("FREIGHTANIM"), kMass("MASS ("), kName("NAME");
+    auto has = [this](const Word& word) {
+        return (letters_ & word.letters) == word.letters && contains(key_, word.text);
     };
-    if (has("WAGON") && !has("WAGONSHAPE")) headName(false);
-    if (has("ENGINE (") && !has("BRAKE_ENGINE") &&
-        !has("MONITORINGDEVICEAPPLIESSHUTSDOWNENGINE"))
-        headName(true);
-    if (has("DESCRIPTION")) return Reading::Stop;
-    if (has("WAGONSHAPE")) shape();
-    if (has("FREIGHTANIM")) freightAnimation();
-    if (has("MASS (")) mass();
-    if (has("NAME")) displayName();
+    if (has(kWagon) && !has(kWagonShape)) headName(false);
+    if (has(kEngine) && !has(kBrakeEngine) && !has(kMonitoring)) headName(true);
+    if (has(kDescription)) return Reading::Stop;
+    if (has(kWagonShape)) shape();
+    if (has(kFreightAnim)) freightAnimation();
+    if (has(kMass)) mass();
+    if (has(kName)) displayName();
     return Reading::GoOn;
 }
 

@@ -77,11 +77,19 @@ std::uintmax_t sizeInside(FileSystem& fs, std::string_view root, std::string_vie
 std::optional<std::string> readInside(FileSystem& fs, std::string_view root,
                                       std::string_view folder, std::string_view name,
                                       std::uintmax_t limit) {
-    const std::optional<std::string> path = joinInside(root, folder, name);
-    if (!path) return std::nullopt;
     std::string bytes;
-    if (fs.readFileInto(*path, limit, bytes) != ReadOutcome::Read) return std::nullopt;
+    if (!readInside(fs, root, folder, name, limit, bytes)) return std::nullopt;
     return bytes;
+}
+
+bool readInside(FileSystem& fs, std::string_view root, std::string_view folder,
+                std::string_view name, std::uintmax_t limit, std::string& bytes) {
+    const std::optional<std::string> path = joinInside(root, folder, name);
+    if (!path) {
+        bytes.clear();
+        return false;
+    }
+    return fs.readFileInto(*path, limit, bytes) == ReadOutcome::Read;
 }
 
 }  // namespace rakeyard

@@ -25,5 +25,8 @@ namespace rakeyard {
 [[nodiscard]] std::optional<std::string> readInside(FileSystem& fs, std::string_view root,
                                                     std::string_view folder, std::string_view name,
                                                     std::uintmax_t limit);
+// The same into bytes, whose storage is kept from file to file; false for nothing read.
+[[nodiscard]] bool readInside(FileSystem& fs, std::string_view root, std::string_view folder,
+                              std::string_view name, std::uintmax_t limit, std::string& bytes);
 
 }  // namespace rakeyard

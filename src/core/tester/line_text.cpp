@@ -65,16 +65,36 @@ std::size_t closeBeforeLineFeed(std::u16string_view line, std::size_t close) {
     return lastOf(line.substr(0, feed - 1), u")");
 }
 
+namespace {
+
+// Each ASCII character's key and its letter's bit.
+struct KeyTable {
+    char key[128];
+    std::uint32_t letter[128];
+    constexpr KeyTable() : key(), letter() {
+        for (int c = 0; c < 128; ++c) {
+            const int upper = c >= 'a' && c <= 'z' ? c - 32 : c;
+            key[c] = static_cast<char>(upper);
+            letter[c] = upper >= 'A' && upper <= 'Z' ? 1u << (upper - 'A') : 0u;
+        }
+    }
+};
+constexpr KeyTable kKeys;
+
+}  // namespace
+
 std::uint32_t searchKey(std::u16string_view line, std::string& key) {
     key.resize(line.size());
     char* out = key.data();
     std::uint32_t letters = 0;
     for (std::size_t i = 0; i < line.size(); ++i) {
         const char16_t c = line[i];
-        const char16_t upper = c >= u'a' && c <= u'z' ? c - 32 : c;
-        out[i] = upper < 0x80 ? static_cast<char>(upper) : '\x80';
-        const unsigned letter = static_cast<unsigned>(upper) - 'A';
-        letters |= letter < 26 ? 1u << letter : 0u;
+        if (c < 128) {
+            out[i] = kKeys.key[c];
+            letters |= kKeys.letter[c];
+        } else {
+            out[i] = '\x80';
+        }
     }
     return letters;
 }
