@@ -1,5 +1,6 @@
 #include "core/tester/file_lookup.h"
 
+#include <algorithm>
 #include <vector>
 
 #include "core/platform/paths.h"
@@ -9,60 +10,61 @@ namespace rakeyard {
 
 namespace {
 
-// The parts of a path, and whether it begins at the root of the file system ("/" or "\").
-struct PathParts {
-    bool absolute = false;
-    std::vector<std::string> parts;
-};
-
-PathParts partsOf(std::string_view path) {
-    PathParts result;
-    result.absolute = !path.empty() && isPathSeparator(path.front());
+// Adds the parts of a path, as views into it: the tester joins thousands of names.
+void addParts(std::string_view path, std::vector<std::string_view>& parts) {
     std::size_t start = 0;
     while (start <= path.size()) {
         std::size_t end = start;
         while (end < path.size() && !isPathSeparator(path[end]))
             ++end;
-        if (end > start) result.parts.emplace_back(path.substr(start, end - start));
+        if (end > start) parts.push_back(path.substr(start, end - start));
         start = end + 1;
     }
-    return result;
 }
 
 // Resolves "." and ".." by the text; false when ".." would climb above the first part.
-bool resolveDots(std::vector<std::string>& parts) {
-    std::vector<std::string> kept;
-    for (std::string& part : parts) {
+bool resolveDots(std::vector<std::string_view>& parts) {
+    std::size_t kept = 0;
+    for (std::string_view part : parts) {
         if (part == ".") continue;
         if (part == "..") {
-            if (kept.empty()) return false;
-            kept.pop_back();
+            if (kept == 0) return false;
+            --kept;
             continue;
         }
-        kept.push_back(std::move(part));
+        parts[kept++] = part;
     }
-    parts = std::move(kept);
+    parts.resize(kept);
     return true;
+}
+
+bool sameIgnoringCase(std::string_view a, std::string_view b) {
+    return a.size() == b.size() && std::equal(a.begin(), a.end(), b.begin(), [](char x, char y) {
+               return (x >= 'a' && x <= 'z' ? x - 32 : x) == (y >= 'a' && y <= 'z' ? y - 32 : y);
+           });
 }
 
 }  // namespace
 
 std::optional<std::string> joinInside(std::string_view root, std::string_view folder,
                                       std::string_view name) {
-    PathParts path = partsOf(folder);
-    for (std::string& part : partsOf(name).parts)
-        path.parts.push_back(std::move(part));
-    PathParts inside = partsOf(root);
-    if (!resolveDots(path.parts) || !resolveDots(inside.parts)) return std::nullopt;
+    static thread_local std::vector<std::string_view> path, inside;
+    path.clear();
+    inside.clear();
+    addParts(folder, path);
+    addParts(name, path);
+    addParts(root, inside);
+    if (!resolveDots(path) || !resolveDots(inside)) return std::nullopt;
     // Below root: its parts begin the path (in any case, as the file system takes names), and
     // at least one more part names something in it.
-    if (path.parts.size() <= inside.parts.size()) return std::nullopt;
-    for (std::size_t i = 0; i < inside.parts.size(); ++i)
-        if (upperAscii(path.parts[i]) != upperAscii(inside.parts[i])) return std::nullopt;
-    std::string joined = path.absolute ? std::string(1, kPathSeparator) : std::string();
-    for (std::size_t i = 0; i < path.parts.size(); ++i) {
+    if (path.size() <= inside.size()) return std::nullopt;
+    for (std::size_t i = 0; i < inside.size(); ++i)
+        if (!sameIgnoringCase(path[i], inside[i])) return std::nullopt;
+    const bool absolute = !folder.empty() && isPathSeparator(folder.front());
+    std::string joined = absolute ? std::string(1, kPathSeparator) : std::string();
+    for (std::size_t i = 0; i < path.size(); ++i) {
         if (i > 0) joined += kPathSeparator;
-        joined += path.parts[i];
+        joined += path[i];
     }
     return joined;
 }
