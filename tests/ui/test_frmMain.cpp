@@ -184,6 +184,20 @@ void MainWindow::headerClickSortsAColumnAndKeepsTheLines() {
         files << f.window->wagList->lineOfRow(i).section('^', -1);
     const QStringList ascending{"brake.wag", "coal.wag", "open.wag", "van.wag"};
     QVERIFY(files == ascending || files == QStringList(ascending.rbegin(), ascending.rend()));
+    // The other way round on the next click, and the lines' order (by name) on the one after.
+    auto shownFiles = [&] {
+        QStringList shown;
+        for (int i = 0; i < f.window->wagList->count(); ++i)
+            shown << f.window->wagList->lineOfRow(i).section('^', -1);
+        return shown;
+    };
+    const QStringList byName{"brake.wag", "coal.wag", "van.wag", "open.wag"};
+    const QPoint section(header->sectionViewportPosition(fileColumn) + 5, 5);
+    QTest::mouseClick(header->viewport(), Qt::LeftButton, {}, section);
+    QCOMPARE(shownFiles(), QStringList(files.rbegin(), files.rend()));
+    QTest::mouseClick(header->viewport(), Qt::LeftButton, {}, section);
+    QCOMPARE(shownFiles(), byName);
+    QTest::mouseClick(header->viewport(), Qt::LeftButton, {}, section);
     f.window->wagList->sortAsLines();
     QVERIFY(f.window->wagList->lineOfRow(0).startsWith("Brake coach"));
     QVERIFY(f.window->wagList->lineOfRow(3).startsWith("Open coach"));
