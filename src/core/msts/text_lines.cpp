@@ -32,18 +32,21 @@ bool decodeLineText(std::string_view bytes, std::u16string& text) {
 }
 
 std::size_t nextLineEnd(std::u16string_view text, std::size_t from) {
-    const char* bytes = reinterpret_cast<const char*>(text.data());
-    const std::size_t size = text.size() * 2;
+    return nextLineEnd(reinterpret_cast<const char*>(text.data()), text.size(), from);
+}
+
+std::size_t nextLineEnd(const char* utf16, std::size_t units, std::size_t from) {
+    const std::size_t size = units * 2;
     for (std::size_t at = from * 2; at < size;) {
-        const void* found = std::memchr(bytes + at, '\r', size - at);
+        const void* found = std::memchr(utf16 + at, '\r', size - at);
         if (!found) break;
-        const std::size_t byte = static_cast<std::size_t>(static_cast<const char*>(found) - bytes);
+        const std::size_t byte = static_cast<std::size_t>(static_cast<const char*>(found) - utf16);
         // A CR character is the byte 0D at the low, even place of a unit whose high byte is 0;
         // elsewhere 0D is part of another character.
-        if (byte % 2 == 0 && bytes[byte + 1] == 0) return byte / 2;
+        if (byte % 2 == 0 && utf16[byte + 1] == 0) return byte / 2;
         at = byte + 1;
     }
-    return text.size();
+    return units;
 }
 
 bool forEachTextLine(std::string_view bytes, std::u16string& text,

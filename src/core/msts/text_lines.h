@@ -26,6 +26,8 @@ bool decodeLineText(std::string_view bytes, std::u16string& text);
 // The place of the next CR in text at or after from; text.size() when there is none. Searched
 // byte by byte at memchr's speed: lines are looked for in thousands of files.
 [[nodiscard]] std::size_t nextLineEnd(std::u16string_view text, std::size_t from);
+// The same in UTF-16 LE bytes (units characters of two bytes each), not decoded.
+[[nodiscard]] std::size_t nextLineEnd(const char* utf16, std::size_t units, std::size_t from);
 
 // The same lines one at a time, for long files: the text is decoded into text (whose storage
 // may be kept from file to file) and each line handed to line as a view into it, until line

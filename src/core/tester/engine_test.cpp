@@ -31,7 +31,8 @@ public:
 
 private:
     enum class Reading { GoOn, Stop };
-    bool checkLine(std::u16string_view line, std::string_view key);
+    bool checkLine(const char* utf16, std::size_t units, std::string_view key);
+    void ensureLine();
     Reading lineChecks();
     void headName(bool engineLine);
     bool valueInParentheses(std::size_t fallbackOpen, void (EngineTest::*error)());
@@ -47,6 +48,7 @@ private:
     // L as the findings show it; from the first finding on the line, L keeps that form, and its
     // key follows it.
     std::string shownL() {
+        ensureLine();
         L_ = shownLine(line_);
         line_ = L_;
         letters_ = searchKey(L_, ownKey_);
@@ -90,16 +92,20 @@ private:
     std::string_view key_;  // L's search key
     Line L_;
     std::string lineKey_;  // the search key of the line read
+    const char* raw_ = nullptr;  // the line read, in UTF-16 LE bytes
+    std::size_t rawUnits_ = 0;
+    bool lineReady_ = false;  // line_ holds it decoded
     std::uint32_t letters_ = 0;  // the letters of the line: L's, or more when L was cut
     std::string ownKey_;   // that of L_
     Line V_;
 };
 
 // Reading rules first: comment and mark lines are passed over, and the rest of a line after
-// either is cut. False when the reading ends here (a description's line).
-bool EngineTest::checkLine(std::u16string_view line, std::string_view key) {
+// either is cut. The line is decoded only when a check looks at it: most are passed by their
+// key. False when the reading ends here (a description's line).
+bool EngineTest::checkLine(const char* utf16, std::size_t units, std::string_view key) {
     constexpr std::uint32_t kComment = lettersOf("COMMENT");
-    std::size_t keep = line.size();
+    std::size_t keep = units;
     if ((letters_ & kComment) == kComment) {
         if (const std::size_t at = firstOf(key, "COMMENT")) {
             if (at + 6 <= 9) return true;  // the word stands whole in the first nine characters
@@ -112,9 +118,17 @@ bool EngineTest::checkLine(std::u16string_view line, std::string_view key) {
         keep = at - 2;
     }
     key_ = key.substr(0, keep);
-    line_ = line.substr(0, keep);
-    L_.clear();
+    raw_ = utf16;
+    rawUnits_ = keep;
+    lineReady_ = false;
     return lineChecks() == Reading::GoOn;
+}
+
+void EngineTest::ensureLine() {
+    if (lineReady_) return;
+    decodeUnits(raw_, rawUnits_, L_);
+    line_ = L_;
+    lineReady_ = true;
 }
 
 void EngineTest::run() {
@@ -131,17 +145,25 @@ void EngineTest::run() {
                ErrorCategory::Missing, ErrorLevel::Minor);
         return;
     }
-    decodeLineText(bytes, text);
-    const std::u16string_view all(text);
-    for (std::size_t start = 0; start < all.size();) {
-        const std::size_t end = nextLineEnd(all, start);
+    // The lines are read in UTF-16 LE bytes as they lie in the file, behind its mark; 8-bit
+    // text is turned into such bytes first, and an odd last byte is a character of its own.
+    std::size_t begin = 2;
+    if (bytes.size() < 2 || bytes[0] != '\xFF' || bytes[1] != '\xFE') {
+        decodeLineText(bytes, text);
+        bytes.assign(reinterpret_cast<const char*>(text.data()), text.size() * 2);
+        begin = 0;
+    }
+    if ((bytes.size() - begin) % 2) bytes.push_back('\0');
+    const char* utf16 = bytes.data() + begin;
+    const std::size_t units = (bytes.size() - begin) / 2;
+    for (std::size_t start = 0; start < units;) {
+        const std::size_t end = nextLineEnd(utf16, units, start);
         context_.host.yield();
-        const std::u16string_view line = all.substr(start, end - start);
-        letters_ = searchKey(line, lineKey_);
-        if (!checkLine(line, lineKey_)) break;
+        letters_ = searchKey(utf16 + 2 * start, end - start, lineKey_);
+        if (!checkLine(utf16 + 2 * start, end - start, lineKey_)) break;
         context_.host.yield();
         start = end + 1;
-        if (start < all.size() && all[start] == u'\n' && end < all.size()) ++start;
+        if (start < units && utf16[2 * start] == '\n' && utf16[2 * start + 1] == 0) ++start;
     }
     run_.filesTestedText = std::to_string(run_.counts.filesTested) + " files tested";
 }
@@ -174,6 +196,7 @@ EngineTest::Reading EngineTest::lineChecks() {
 
 // The name on the "Wagon" or "Engine" line: quoted when it holds a blank, and the file's name.
 void EngineTest::headName(bool engineLine) {
+    ensureLine();
     const std::size_t open = firstOf(line_, u"(");
     const std::size_t close = closeBeforeLineFeed(line_, firstOf(line_, u")"));
     if (close > 0) {
@@ -228,6 +251,7 @@ void EngineTest::headName(bool engineLine) {
 // V from the first "(" to the last ")". A missing one is the check's finding; without a ")"
 // the value runs from fallbackOpen to the end of the line. False when a finding was made.
 bool EngineTest::valueInParentheses(std::size_t fallbackOpen, void (EngineTest::*error)()) {
+    ensureLine();
     std::size_t open = firstOf(line_, u"(");
     std::size_t close = closeBeforeLineFeed(line_, lastOf(line_, u")"));
     const bool found = open > 0 && close > 0;
@@ -256,6 +280,7 @@ void EngineTest::shape() {
 
 // Only the first file of the line counts, up to and with its ".s".
 void EngineTest::freightAnimation() {
+    ensureLine();
     std::size_t open = firstOf(line_, u"(");
     std::size_t close = lastOf(key_, ".S");
     if (open == 0 || close == 0) {

@@ -2,6 +2,8 @@
 
 #include "core/platform/text_utf.h"
 
+#include <cstring>
+
 namespace rakeyard {
 
 namespace {
@@ -97,6 +99,28 @@ std::uint32_t searchKey(std::u16string_view line, std::string& key) {
         }
     }
     return letters;
+}
+
+std::uint32_t searchKey(const char* utf16, std::size_t units, std::string& key) {
+    key.resize(units);
+    char* out = key.data();
+    const auto* bytes = reinterpret_cast<const unsigned char*>(utf16);
+    std::uint32_t letters = 0;
+    for (std::size_t i = 0; i < units; ++i) {
+        const unsigned low = bytes[2 * i];
+        if (bytes[2 * i + 1] == 0 && low < 128) {
+            out[i] = kKeys.key[low];
+            letters |= kKeys.letter[low];
+        } else {
+            out[i] = '\x80';
+        }
+    }
+    return letters;
+}
+
+void decodeUnits(const char* utf16, std::size_t units, Line& line) {
+    line.resize(units);
+    std::memcpy(line.data(), utf16, units * 2);
 }
 
 std::size_t firstOf(std::string_view key, std::string_view word) {

@@ -33,6 +33,9 @@ using Line = std::u16string;
 // Returns the letters the line holds, a bit each ('A' bit 0): a word whose letters are not all
 // there needs no search.
 std::uint32_t searchKey(std::u16string_view line, std::string& key);
+// The same from UTF-16 LE bytes not decoded (units characters), and their decoding.
+std::uint32_t searchKey(const char* utf16, std::size_t units, std::string& key);
+void decodeUnits(const char* utf16, std::size_t units, Line& line);
 [[nodiscard]] constexpr std::uint32_t lettersOf(std::string_view word) {
     std::uint32_t letters = 0;
     for (char c : word)
