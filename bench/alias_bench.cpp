@@ -6,15 +6,12 @@
 // The engine catalogue is read first (not timed). The lists are buildAliasLists through the
 // core with the local file system. The floor opens, for each catalogued engine, the files the
 // lists look at (the first ".cvf" of CABVIEW, or the ".eng" when there is no CABVIEW; the first
-// two ".sms" of SOUND), reads them whole on one thread and does nothing else. Each is run RUNS
-// times (default 3) with the file cache warm, and the best time counts.
+// two ".sms" of SOUND), reads them whole on one thread and does nothing else. The two take turns
+// RUNS times (default 3) with the file cache warm, and the medians count.
 #include <algorithm>
-#include <chrono>
 #include <cstdio>
 #include <filesystem>
 #include <fstream>
-#include <functional>
-#include <iterator>
 #include <memory>
 #include <string>
 
@@ -23,29 +20,12 @@
 #include "core/msts/catalogue_reader.h"
 #include "core/platform/local_file_system.h"
 #include "core/platform/services.h"
+#include "bench_support.h"
 
 namespace {
 
-using Clock = std::chrono::steady_clock;
 namespace fs = std::filesystem;
-
-class OkDialogs : public rakeyard::Dialogs {
-public:
-    void report(std::string_view, rakeyard::Icon, std::string_view) override {}
-    rakeyard::Answer ask(std::string_view, rakeyard::Buttons, rakeyard::Icon, rakeyard::Answer,
-                         std::string_view) override {
-        return rakeyard::Answer::Ok;
-    }
-};
-
-class NoDesktop : public rakeyard::Desktop {
-public:
-    bool moveToTrash(const std::string&) override { return false; }
-    bool startProgram(const std::string&, const std::vector<std::string>&) override {
-        return false;
-    }
-    void openUrl(std::string_view) override {}
-};
+using namespace rakeyard::bench;
 
 bool hasExtension(const fs::path& path, const char* upper) {
     std::string extension = path.extension().string();
@@ -67,8 +47,8 @@ std::vector<fs::path> firstFiles(const fs::path& folder, const char* extension, 
 }
 
 std::size_t readWhole(const fs::path& path) {
-    std::ifstream in(path, std::ios::binary);
-    return std::string{std::istreambuf_iterator<char>(in), {}}.size();
+    std::vector<char> bytes;
+    return rakeyard::bench::readWhole(path.string(), bytes) ? bytes.size() : 0;
 }
 
 std::size_t readFloor(const rakeyard::UnitCatalogue& catalogue) {
@@ -86,16 +66,6 @@ std::size_t readFloor(const rakeyard::UnitCatalogue& catalogue) {
             bytes += readWhole(sound);
     }
     return bytes;
-}
-
-double bestSeconds(int runs, const std::function<void()>& work) {
-    double best = 1e300;
-    for (int i = 0; i < runs; ++i) {
-        const Clock::time_point start = Clock::now();
-        work();
-        best = std::min(best, std::chrono::duration<double>(Clock::now() - start).count());
-    }
-    return best;
 }
 
 }  // namespace
@@ -122,18 +92,20 @@ int main(int argc, char** argv) {
     rakeyard::readEngineFiles(state->paths, state->catalogue, services, false);
 
     std::size_t bytes = readFloor(state->catalogue);  // warms the file cache
-    const double floor = bestSeconds(runs, [&] { bytes = readFloor(state->catalogue); });
     rakeyard::AliasLists lists;
-    const double build = bestSeconds(runs, [&] {
-        rakeyard::LocalFileSystem fresh;  // no folder listings kept from the run before
-        rakeyard::Services measured{fresh, dialogs, progress, desktop};
-        lists = rakeyard::buildAliasLists(state->catalogue, measured);
-    });
-    std::printf("engines: %zu; to alias %zu, cab sources %zu, sound sources %zu\n",
+    std::vector<Timings> contenders = {
+        {"floor, 1 thread", [&] { bytes = readFloor(state->catalogue); }},
+        {"buildAliasLists", [&] {
+             rakeyard::LocalFileSystem fresh;  // no folder listings kept from the run before
+             rakeyard::Services measured{fresh, dialogs, progress, desktop};
+             lists = rakeyard::buildAliasLists(state->catalogue, measured);
+         }},
+    };
+    std::printf("installation: %s\n", msts.c_str());
+    runAndPrint(contenders, runs, false);
+    std::printf("engines: %zu; to alias %zu, cab sources %zu, sound sources %zu; floor read %zu "
+                "bytes\n",
                 state->catalogue.engineCount, lists.notAliased.size(), lists.cabSources.size() - 1,
-                lists.soundSources.size() - 1);
-    std::printf("floor (read the same files, one thread): %.3f s (%zu bytes)\n", floor, bytes);
-    std::printf("buildAliasLists:                          %.3f s (%.2f x floor)\n", build,
-                build / floor);
+                lists.soundSources.size() - 1, bytes);
     return 0;
 }

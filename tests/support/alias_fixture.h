@@ -9,6 +9,11 @@
 
 namespace rakeyard::test {
 
+// What an alias that went through says.
+inline const std::string kAliased =
+    "The locomotive has been aliased! Please test it to search for missing files\nand check if "
+    "the alias has been sucsessful.";
+
 // An MSTS tree whose engines are catalogued as they are written, for the aliasing routines.
 class AliasFixture {
 public:

@@ -34,7 +34,7 @@ bool testSelectedUnits(TestRun& run, const TestContext& context) {
     const auto records = recordsOf(context, *run.section);
     const auto selectedCount = std::count(run.selected.begin(), run.selected.end(), 1);
     context.services.progress.start("Testing", static_cast<int>(selectedCount));
-    // The first record of each file and display name, as a row names them in any case.
+    // A row stands for the first record of its display name and file name, in any case.
     std::unordered_map<std::string, std::size_t> byRow;
     for (std::size_t i = 0; i < records.size(); ++i)
         byRow.emplace(upperAscii(unitTestRow(records[i])), i);
@@ -58,23 +58,6 @@ bool testSelectedUnits(TestRun& run, const TestContext& context) {
 
 std::string unitTestRow(const UnitRecord& unit) {
     return unit.displayName + std::string(40, ' ') + "^" + unit.fileName;
-}
-
-std::optional<std::size_t> recordOfTestRow(std::span<const UnitRecord> records,
-                                           std::string_view row) {
-    const std::size_t caret = row.rfind('^');
-    if (caret == std::string_view::npos) return std::nullopt;
-    const std::string_view file = row.substr(caret + 1);
-    const std::string name = trimBlanks(row.substr(0, caret));
-    // Compared without copies: a run matches every row against the whole catalogue.
-    auto same = [](std::string_view a, std::string_view b) {
-        return a.size() == b.size() && std::equal(a.begin(), a.end(), b.begin(), [](char x, char y) {
-                   return (x >= 'a' && x <= 'z' ? x - 32 : x) == (y >= 'a' && y <= 'z' ? y - 32 : y);
-               });
-    };
-    for (std::size_t i = 0; i < records.size(); ++i)
-        if (same(records[i].fileName, file) && same(records[i].displayName, name)) return i;
-    return std::nullopt;
 }
 
 bool fillSection(TestRun& run, const TestContext& context, TestSection section,

@@ -11,10 +11,6 @@ namespace rakeyard {
 
 // The list row of a unit: its display name, forty blanks, "^" and its file name.
 [[nodiscard]] std::string unitTestRow(const UnitRecord& unit);
-// The record a row stands for: the first whose file name and display name (the row's text
-// before its last "^", trimmed) both equal the row's, in any case.
-[[nodiscard]] std::optional<std::size_t> recordOfTestRow(std::span<const UnitRecord> records,
-                                                         std::string_view row);
 
 // A press of a section button: the lists, the level counters and the error mark are cleared,
 // the rows are the units shown under filter (the main lists' rule), none selected. The counts

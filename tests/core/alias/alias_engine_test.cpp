@@ -13,9 +13,7 @@ namespace {
 
 using ::testing::HasSubstr;
 using Texts = std::vector<std::string>;
-const std::string kAliased =
-    "The locomotive has been aliased! Please test it to search for missing files\nand check if "
-    "the alias has been sucsessful.";
+using test::kAliased;
 
 // A source with a real cab view and sounds, and a target with an empty CABVIEW folder.
 class AliasFromEngine : public ::testing::Test, public test::AliasFixture {

@@ -11,9 +11,7 @@ namespace {
 
 using ::testing::HasSubstr;
 using Texts = std::vector<std::string>;
-const std::string kAliased =
-    "The locomotive has been aliased! Please test it to search for missing files\nand check if "
-    "the alias has been sucsessful.";
+using test::kAliased;
 const std::string kErase =
     "This engine contains a sub-folder no longer needed. Do you wish to erase it?";
 
