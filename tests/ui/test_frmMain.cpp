@@ -414,7 +414,9 @@ void MainWindow::aSaveThatFailsOnExitKeepsTheWindowOpen() {
     f.window->Text2[0]->setText("Kept");
     f.state->consist.header.fileName = "Kept";
     f.fake.fs.failAfterBytes = 10;  // the disk fills up during the save
-    f.fake.dialogs.answers = {rakeyard::Answer::Yes};
+    f.fake.dialogs.answers = {rakeyard::Answer::Yes, rakeyard::Answer::Yes};
+    f.window->mnuExit->trigger();
+    QVERIFY(f.window->isVisible());
     f.window->close();
     QVERIFY(f.window->isVisible());
     QCOMPARE(f.slot(0).fileName, std::string("van.wag"));
