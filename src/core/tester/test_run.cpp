@@ -3,7 +3,9 @@
 #include <algorithm>
 #include <unordered_map>
 
+#include "core/consist/consist_chooser.h"
 #include "core/msts/unit_list.h"
+#include "core/platform/file_names.h"
 #include "core/platform/paths.h"
 #include "core/platform/text_utf.h"
 #include "core/settings/shell_helpers.h"
@@ -30,27 +32,36 @@ void clearLogs(TestRun& run) {
 
 // The selected rows in order, each tested by the section's test; rows are read again after
 // every yield, as Stop refills them.
-bool testSelectedUnits(TestRun& run, const TestContext& context) {
-    const auto records = recordsOf(context, *run.section);
+bool testSelectedRows(TestRun& run, const TestContext& context) {
+    const bool consists = run.section == TestSection::Consists;
     const auto selectedCount = std::count(run.selected.begin(), run.selected.end(), 1);
     context.services.progress.start("Testing", static_cast<int>(selectedCount));
-    // A row stands for the first record of its display name and file name, in any case.
+    // A unit's row stands for the first record of its display name and file name, in any case.
     std::unordered_map<std::string, std::size_t> byRow;
-    for (std::size_t i = 0; i < records.size(); ++i)
-        byRow.emplace(upperAscii(unitTestRow(records[i])), i);
+    if (!consists) {
+        const auto records = recordsOf(context, *run.section);
+        for (std::size_t i = 0; i < records.size(); ++i)
+            byRow.emplace(upperAscii(unitTestRow(records[i])), i);
+    }
     bool tookRow = false;
     for (std::size_t i = 0;; ++i) {
         context.host.yield();
         if (i >= run.rows.size()) break;
         if (!run.selected[i]) continue;
         tookRow = true;
-        const auto found = byRow.find(upperAscii(run.rows[i]));
-        if (found == byRow.end()) continue;  // a unit no longer in the catalogue
-        const std::optional<std::size_t> index = found->second;
-        testThisEngine(run, context, *index);
+        if (consists) {
+            testThisConsist(run, context, run.rows[i]);
+        } else {
+            const auto found = byRow.find(upperAscii(run.rows[i]));
+            if (found == byRow.end()) continue;  // a unit no longer in the catalogue
+            if (run.section == TestSection::Engines)
+                testThisEngine(run, context, found->second);
+            else
+                testThisWagon(run, context, found->second);
+        }
         context.services.progress.step();
     }
-    if (run.duplicates) checkDuplicates(run, context);
+    if (run.duplicates && !consists) checkDuplicates(run, context);
     return tookRow;
 }
 
@@ -70,14 +81,18 @@ bool fillSection(TestRun& run, const TestContext& context, TestSection section,
     run.rows.clear();
     const bool engines = section == TestSection::Engines;
     run.cabViewsEnabled = engines && filter != "AI";
-    for (const UnitRecord& unit : recordsOf(context, section)) {
-        if (unit.displayName.empty()) break;
-        if (engines ? engineShown(unit, filter) : wagonShown(unit, filter))
-            run.rows.push_back(unitTestRow(unit));
+    if (section == TestSection::Consists) {
+        run.rows = consistFileNames(context.services.fs, context.paths.consistsPath);
+    } else {
+        for (const UnitRecord& unit : recordsOf(context, section)) {
+            if (unit.displayName.empty()) break;
+            if (engines ? engineShown(unit, filter) : wagonShown(unit, filter))
+                run.rows.push_back(unitTestRow(unit));
+        }
     }
     run.selected.assign(run.rows.size(), 0);
-    run.countText = "Found " + std::to_string(run.rows.size()) +
-                    (engines ? " engines" : " wagons");
+    const char* what = engines ? " engines" : section == TestSection::Wagons ? " wagons" : " consists";
+    run.countText = "Found " + std::to_string(run.rows.size()) + what;
     return sectionReportsExist(context.paths, context.services.fs, section);
 }
 
@@ -104,7 +119,7 @@ bool runTests(TestRun& run, const TestContext& context) {
     deleteSectionReports(context.paths, context.services.fs, *run.section, run.cabViews,
                          run.sounds, run.duplicates);
     run.running = true;
-    const bool tookRow = testSelectedUnits(run, context);
+    const bool tookRow = testSelectedRows(run, context);
     run.running = false;
     if (!tookRow) {
         dialogs.report("You must select at least one item from the list!", Icon::Stop,
@@ -123,6 +138,24 @@ bool runTests(TestRun& run, const TestContext& context) {
 void stopTests(TestRun& run, const TestContext& context, std::string_view filter) {
     if (run.section) (void)fillSection(run, context, *run.section, filter);
     run.stopRequested = true;
+}
+
+void deleteFailedConsists(TestRun& run, const TestContext& context, std::string_view filter) {
+    for (const std::string& name : run.testedSounds) {
+        if (name.empty()) break;
+        if (!isValidFileName(name)) continue;
+        (void)context.services.desktop.moveToTrash(
+            context.services.fs.resolve(joinPath(context.paths.consistsPath, name)));
+    }
+    run.testedSounds.clear();
+    (void)fillSection(run, context, TestSection::Consists, filter);
+}
+
+std::optional<std::string> consistOfRow(const TestContext& context, std::string_view row) {
+    const std::string name(row);
+    if (upperAscii(name).ends_with(".CON") && isValidFileName(name))
+        return joinPath(context.paths.consistsPath, name);
+    return std::nullopt;
 }
 
 void openTestRowInEditor(const TestContext& context, std::string_view row) {

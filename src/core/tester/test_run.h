@@ -28,6 +28,15 @@ bool runTests(TestRun& run, const TestContext& context);
 // unit under test; a running duplicate check ends too.
 void stopTests(TestRun& run, const TestContext& context, std::string_view filter);
 
+// "Delete consists with errors": each consist named on the list of failed ones goes to the
+// trash, the list empties and the consist section is filled again. A name that is no plain file
+// name of the Consists folder is passed over: nothing outside that folder is touched.
+void deleteFailedConsists(TestRun& run, const TestContext& context, std::string_view filter);
+// The consist file a row names, to load in the editor: a row of the consist section, or a failed
+// consist's name ending in ".con"; nothing for any other row.
+[[nodiscard]] std::optional<std::string> consistOfRow(const TestContext& context,
+                                                      std::string_view row);
+
 // Ctrl+click on a row: the unit whose display name the row's text begins with, looked for
 // among the engines and then the wagons, opens in the text editor.
 void openTestRowInEditor(const TestContext& context, std::string_view row);
