@@ -22,6 +22,8 @@ int runConsistShow(CliContext& context, CommandArguments& arguments);
 int runConsistCopy(CliContext& context, CommandArguments& arguments);
 int runConsistNew(CliContext& context, CommandArguments& arguments);
 int runTestEngines(CliContext& context, CommandArguments& arguments);
+int runTestWagons(CliContext& context, CommandArguments& arguments);
+int runTestConsists(CliContext& context, CommandArguments& arguments);
 int runAliasList(CliContext& context, CommandArguments& arguments);
 int runAliasEngine(CliContext& context, CommandArguments& arguments);
 int runAliasCabFolder(CliContext& context, CommandArguments& arguments);

@@ -140,7 +140,7 @@ void stopTests(TestRun& run, const TestContext& context, std::string_view filter
     run.stopRequested = true;
 }
 
-void deleteFailedConsists(TestRun& run, const TestContext& context, std::string_view filter) {
+void deleteFailedConsists(TestRun& run, const TestContext& context) {
     for (const std::string& name : run.testedSounds) {
         if (name.empty()) break;
         if (!isValidFileName(name)) continue;
@@ -148,7 +148,6 @@ void deleteFailedConsists(TestRun& run, const TestContext& context, std::string_
             context.services.fs.resolve(joinPath(context.paths.consistsPath, name)));
     }
     run.testedSounds.clear();
-    (void)fillSection(run, context, TestSection::Consists, filter);
 }
 
 std::optional<std::string> consistOfRow(const TestContext& context, std::string_view row) {

@@ -29,9 +29,9 @@ bool runTests(TestRun& run, const TestContext& context);
 void stopTests(TestRun& run, const TestContext& context, std::string_view filter);
 
 // "Delete consists with errors": each consist named on the list of failed ones goes to the
-// trash, the list empties and the consist section is filled again. A name that is no plain file
-// name of the Consists folder is passed over: nothing outside that folder is touched.
-void deleteFailedConsists(TestRun& run, const TestContext& context, std::string_view filter);
+// trash and the list empties; the caller fills the consist section again. A name that is no
+// plain file name of the Consists folder is passed over: nothing outside that folder is touched.
+void deleteFailedConsists(TestRun& run, const TestContext& context);
 // The consist file a row names, to load in the editor: a row of the consist section, or a failed
 // consist's name ending in ".con"; nothing for any other row.
 [[nodiscard]] std::optional<std::string> consistOfRow(const TestContext& context,

@@ -207,7 +207,12 @@ void frmMain::mnuMissing_Click() {
     runGuarded(services_.dialogs, [&] {
         frmDiag window(state_, services_, this);
         window.exec();
+        // A consist sent to the editor replaces the one shown, after its save question.
+        if (!window.consistToEdit() || !clearConsist(state_, services_)) return;
+        state_.consist.consistToLoad = *window.consistToEdit();
+        (void)loadConsistFile(state_, services_);
     });
+    refreshPics();
 }
 
 void frmMain::mnuRenumber_Click() {
