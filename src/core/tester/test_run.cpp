@@ -46,6 +46,12 @@ bool testSelectedRows(TestRun& run, const TestContext& context) {
     bool tookRow = false;
     for (std::size_t i = 0;; ++i) {
         context.host.yield();
+        // Stop acts between consists: the one under test is finished with its failures, and
+        // the refill then clears the selection and the failed lists alike.
+        if (consists && run.stopRequested) {
+            run.stopRequested = false;
+            (void)fillSection(run, context, TestSection::Consists, {});
+        }
         if (i >= run.rows.size()) break;
         if (!run.selected[i]) continue;
         tookRow = true;
@@ -119,6 +125,7 @@ bool runTests(TestRun& run, const TestContext& context) {
     deleteSectionReports(context.paths, context.services.fs, *run.section, run.cabViews,
                          run.sounds, run.duplicates);
     run.running = true;
+    run.stopRequested = false;
     const bool tookRow = testSelectedRows(run, context);
     run.running = false;
     if (!tookRow) {
@@ -136,7 +143,8 @@ bool runTests(TestRun& run, const TestContext& context) {
 }
 
 void stopTests(TestRun& run, const TestContext& context, std::string_view filter) {
-    if (run.section) (void)fillSection(run, context, *run.section, filter);
+    const bool testingConsists = run.running && run.section == TestSection::Consists;
+    if (run.section && !testingConsists) (void)fillSection(run, context, *run.section, filter);
     run.stopRequested = true;
 }
 

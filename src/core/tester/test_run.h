@@ -25,7 +25,8 @@ void selectAllRows(TestRun& run, bool selected);
 // read in the editor (the window then offers the reports).
 bool runTests(TestRun& run, const TestContext& context);
 // "Stop test": the section is filled again, so no row is selected and the walk ends after the
-// unit under test; a running duplicate check ends too.
+// unit under test; a running duplicate check ends too. A consist run fills it again once the
+// consist under test is finished, so that no failed consist stays listed.
 void stopTests(TestRun& run, const TestContext& context, std::string_view filter);
 
 // "Delete consists with errors": each consist named on the list of failed ones goes to the

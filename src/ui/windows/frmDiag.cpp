@@ -307,6 +307,7 @@ void frmDiag::cmdTest_Click() {
         const bool offerReports = runTests(run_, context());
         if (progress) progress->detach();
         QApplication::restoreOverrideCursor();
+        showRows();
         showRun();
         showIdle();
         if (consists) {
