@@ -1,14 +1,18 @@
 #include "core/tester/test_run.h"
 
 #include <algorithm>
+#include <iterator>
+#include <thread>
 #include <unordered_map>
 
 #include "core/consist/consist_chooser.h"
+#include "core/msts/ordered_work.h"
 #include "core/msts/unit_list.h"
 #include "core/platform/file_names.h"
 #include "core/platform/paths.h"
 #include "core/platform/text_utf.h"
 #include "core/settings/shell_helpers.h"
+#include "core/tester/held_appends.h"
 #include "core/tester/reports.h"
 #include "core/tester/unit_tests.h"
 
@@ -30,8 +34,82 @@ void clearLogs(TestRun& run) {
     run.counts.levels = {};
 }
 
+// One selected row's test: a unit's record index, or a consist's file name.
+struct RowTest {
+    std::size_t index = 0;
+    std::string consist;
+};
+
+void testRow(TestRun& run, const TestContext& context, const RowTest& row) {
+    switch (*run.section) {
+    case TestSection::Engines: testThisEngine(run, context, row.index); break;
+    case TestSection::Wagons: testThisWagon(run, context, row.index); break;
+    case TestSection::Consists: testThisConsist(run, context, row.consist); break;
+    }
+}
+
+// What one row's test came to on a worker: its own run state and the report records it wrote.
+struct RowOutcome {
+    TestRun part;
+    std::vector<std::pair<std::string, std::string>> appends;
+};
+
+template <class T>
+void appendAll(std::vector<T>& to, std::vector<T>& from) {
+    to.insert(to.end(), std::make_move_iterator(from.begin()), std::make_move_iterator(from.end()));
+}
+
+// Adds a row's outcome to the run, as if the row had been tested on it.
+void addOutcome(TestRun& run, FileSystem& fs, RowOutcome& outcome) {
+    for (const auto& [path, bytes] : outcome.appends)
+        (void)fs.appendFile(path, bytes);
+    TestRun& part = outcome.part;
+    run.counts.filesTested += part.counts.filesTested;
+    run.counts.errorCount += part.counts.errorCount;
+    for (std::size_t i = 0; i < run.counts.levels.size(); ++i)
+        run.counts.levels[i] += part.counts.levels[i];
+    for (std::size_t i = 0; i < run.counts.categories.size(); ++i)
+        run.counts.categories[i] += part.counts.categories[i];
+    run.errorsFound = run.errorsFound || part.errorsFound;
+    appendAll(run.testedShapes, part.testedShapes);
+    appendAll(run.testedSounds, part.testedSounds);
+    appendAll(run.failed, part.failed);
+    run.unitShown = part.unitShown;
+    if (!part.filesTestedText.empty())
+        run.filesTestedText = std::to_string(run.counts.filesTested) + " files tested";
+}
+
+// The rows tested on all cores, each on a run state of its own, and added to the run in their
+// order: findings, reports and logs are those of a run on one thread.
+void testOnWorkers(TestRun& run, const TestContext& context, const std::vector<RowTest>& rows) {
+    const unsigned workers = std::clamp(std::thread::hardware_concurrency(), 1u, 8u);
+    forEachInOrder<RowOutcome>(
+        rows.size(), workers,
+        [&](std::size_t i) {
+            HeldAppends held(context.services.fs);
+            Services services{held, context.services.dialogs, context.services.progress,
+                              context.services.desktop};
+            NoYield host;
+            RowOutcome outcome;
+            TestRun& part = outcome.part;
+            part.testMode = run.testMode;
+            part.section = run.section;
+            part.cabViews = run.cabViews;
+            part.sounds = run.sounds;
+            part.cabViewsEnabled = run.cabViewsEnabled;
+            testRow(part, {context.paths, context.catalogue, services, host}, rows[i]);
+            outcome.appends = std::move(held.appends);
+            return outcome;
+        },
+        [&](std::size_t, RowOutcome& outcome) {
+            addOutcome(run, context.services.fs, outcome);
+            context.services.progress.step();
+        });
+}
+
 // The selected rows in order, each tested by the section's test; rows are read again after
-// every yield, as Stop refills them.
+// every yield, as Stop refills them. Where nothing can press Stop, the rows are taken at once
+// and tested on all cores.
 bool testSelectedRows(TestRun& run, const TestContext& context) {
     const bool consists = run.section == TestSection::Consists;
     const auto selectedCount = std::count(run.selected.begin(), run.selected.end(), 1);
@@ -43,29 +121,37 @@ bool testSelectedRows(TestRun& run, const TestContext& context) {
         for (std::size_t i = 0; i < records.size(); ++i)
             byRow.emplace(upperAscii(unitTestRow(records[i])), i);
     }
+    // The test of row i; nothing for a unit no longer in the catalogue.
+    const auto rowTest = [&](std::size_t i) -> std::optional<RowTest> {
+        if (consists) return RowTest{0, run.rows[i]};
+        const auto found = byRow.find(upperAscii(run.rows[i]));
+        if (found == byRow.end()) return std::nullopt;
+        return RowTest{found->second, {}};
+    };
     bool tookRow = false;
-    for (std::size_t i = 0;; ++i) {
-        context.host.yield();
-        // Stop acts between consists: the one under test is finished with its failures, and
-        // the refill then clears the selection and the failed lists alike.
-        if (consists && run.stopRequested) {
-            run.stopRequested = false;
-            (void)fillSection(run, context, TestSection::Consists, {});
+    if (context.host.allowsWorkers()) {
+        std::vector<RowTest> rows;
+        for (std::size_t i = 0; i < run.rows.size(); ++i) {
+            if (!run.selected[i]) continue;
+            tookRow = true;
+            if (auto test = rowTest(i)) rows.push_back(std::move(*test));
         }
-        if (i >= run.rows.size()) break;
-        if (!run.selected[i]) continue;
-        tookRow = true;
-        if (consists) {
-            testThisConsist(run, context, run.rows[i]);
-        } else {
-            const auto found = byRow.find(upperAscii(run.rows[i]));
-            if (found == byRow.end()) continue;  // a unit no longer in the catalogue
-            if (run.section == TestSection::Engines)
-                testThisEngine(run, context, found->second);
-            else
-                testThisWagon(run, context, found->second);
+        testOnWorkers(run, context, rows);
+    } else {
+        for (std::size_t i = 0;; ++i) {
+            context.host.yield();
+            // Stop acts between consists: the one under test is finished with its failures,
+            // and the refill then clears the selection and the failed lists alike.
+            if (consists && run.stopRequested) {
+                run.stopRequested = false;
+                (void)fillSection(run, context, TestSection::Consists, {});
+            }
+            if (i >= run.rows.size()) break;
+            if (!run.selected[i]) continue;
+            tookRow = true;
+            if (auto test = rowTest(i)) testRow(run, context, *test);
+            context.services.progress.step();
         }
-        context.services.progress.step();
     }
     if (run.duplicates && !consists) checkDuplicates(run, context);
     return tookRow;
