@@ -168,6 +168,34 @@ TEST_F(TestRuns, ConsistsStopBetweenFilesAndTheFailedGoToTheTrashFromTheirFolder
     EXPECT_EQ(consistOfRow(context(), "own.wav"), std::nullopt);
 }
 
+// With no window the rows are tested on all cores: the reports, logs and counts must be those
+// of the run on one thread, record for record.
+TEST_F(TestRuns, ARunOnAllCoresWritesWhatARunOnOneThreadWrites) {
+    for (int i = 0; i < 40; ++i) {
+        const std::string name = "u" + std::to_string(i);
+        addEngine("F" + std::to_string(i % 7), name + ".eng",
+                  i % 3 ? soundEngine(name) : "Wagon ( " + name + " x\n\tMass ( 1t\n)\n",
+                  i % 5 != 0, "Unit " + name);
+    }
+    const auto testAll = [&](const TestContext& test) {
+        run = TestRun{};
+        fillSection(run, test, TestSection::Engines, "All");
+        selectAllRows(run, true);
+        run.duplicates = true;
+        (void)runTests(run, test);
+        return std::make_pair(run, report("EngSyntax.txt") + report("EngShapes.txt"));
+    };
+    const auto [onCores, coresReports] = testAll(context());
+    scriptedHost.pressAt = -1;
+    const auto [onOne, oneReports] = testAll(scripted());
+    EXPECT_EQ(coresReports, oneReports);
+    EXPECT_GT(onCores.counts.errorCount, 20);
+    EXPECT_EQ(onCores.counts.errorCount, onOne.counts.errorCount);
+    EXPECT_EQ(onCores.counts.categories, onOne.counts.categories);
+    EXPECT_EQ(onCores.testedShapes, onOne.testedShapes);
+    EXPECT_EQ(onCores.filesTestedText, onOne.filesTestedText);
+}
+
 TEST_F(TestRuns, ReportsByModeAndCategory) {
     EXPECT_EQ(reportName("eng", 7), "EngShapes.txt");
     EXPECT_EQ(reportName("eng", 4), "EngCabViews.txt");
