@@ -24,6 +24,8 @@ int runConsistNew(CliContext& context, CommandArguments& arguments);
 int runTestEngines(CliContext& context, CommandArguments& arguments);
 int runTestWagons(CliContext& context, CommandArguments& arguments);
 int runTestConsists(CliContext& context, CommandArguments& arguments);
+int runRoutes(CliContext& context, CommandArguments& arguments);
+int runActivities(CliContext& context, CommandArguments& arguments);
 int runAliasList(CliContext& context, CommandArguments& arguments);
 int runAliasEngine(CliContext& context, CommandArguments& arguments);
 int runAliasCabFolder(CliContext& context, CommandArguments& arguments);
