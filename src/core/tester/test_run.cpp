@@ -188,6 +188,13 @@ bool fillSection(TestRun& run, const TestContext& context, TestSection section,
     return sectionReportsExist(context.paths, context.services.fs, section);
 }
 
+void fillGivenConsists(TestRun& run, const TestContext& context, std::vector<std::string> rows) {
+    (void)fillSection(run, context, TestSection::Consists, {});
+    run.rows = std::move(rows);
+    run.selected.assign(run.rows.size(), 1);
+    run.countText = "Found " + std::to_string(run.rows.size()) + " consists";
+}
+
 void selectAllRows(TestRun& run, bool selected) {
     std::fill(run.selected.begin(), run.selected.end(), selected ? 1 : 0);
 }

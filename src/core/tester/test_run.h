@@ -18,6 +18,9 @@ namespace rakeyard {
 bool fillSection(TestRun& run, const TestContext& context, TestSection section,
                  std::string_view filter);
 void selectAllRows(TestRun& run, bool selected);
+// The consist section with the consists given as its rows, all selected: those of an activity
+// handed over by the activities window.
+void fillGivenConsists(TestRun& run, const TestContext& context, std::vector<std::string> rows);
 
 // "Start test": the reports of the section are deleted, the selected rows tested in order and,
 // with the duplicates option, the whole catalogue checked for file names used twice. Messages

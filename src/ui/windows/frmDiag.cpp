@@ -227,6 +227,18 @@ void frmDiag::Command1_Click(int index) {
     });
 }
 
+void frmDiag::testGivenConsists(const std::vector<std::string>& rows) {
+    runGuarded(services_.dialogs, [&] {
+        fillGivenConsists(run_, context(), rows);
+        Check1->setEnabled(false);
+        Check2->setEnabled(false);
+        Check3->setEnabled(false);
+        showRows();
+        showRun();
+    });
+    cmdTest_Click();
+}
+
 void frmDiag::showRows() {
     showingRows_ = true;
     QStringList rows;

@@ -47,6 +47,8 @@ public:
     LogList* listFailed;
 
     const TestRun& run() const { return run_; }
+    // Tests the consists given, as the activities window hands an activity's consists over.
+    void testGivenConsists(const std::vector<std::string>& rows);
     // The consist the user sent to the editor; the window has closed then.
     const std::optional<std::string>& consistToEdit() const { return consistToEdit_; }
     frmErrTyp* errorTypes() const { return errTyp_; }
