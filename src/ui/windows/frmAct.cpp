@@ -1,7 +1,6 @@
 #include "ui/windows/frmAct.h"
 
 #include <QCheckBox>
-#include <QGridLayout>
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
@@ -71,19 +70,22 @@ frmAct::frmAct(AppState& state, Services& services, QWidget* parent)
     cmdLoad->setEnabled(false);
     cmdShowErr->setEnabled(false);
 
-    auto* lists = new QGridLayout();
-    lists->addLayout(captioned("Routes", lblRoutes, listRoutes), 0, 0);
-    lists->addLayout(captioned("Activities", lblActivities, listAct), 0, 1);
+    // The consists' lines are the longest: their list takes two thirds of the width.
+    auto* top = new QHBoxLayout();
+    top->addLayout(captioned("Routes", lblRoutes, listRoutes), 1);
+    top->addLayout(captioned("Activities", lblActivities, listAct), 1);
     auto* loose = new QHBoxLayout();
     loose->addWidget(new QLabel("Loose"));
     loose->addWidget(Label9);
     loose->addStretch();
     auto* consists = captioned("Consists", lblConsists, listCon);
     consists->addLayout(loose);
-    lists->addLayout(consists, 1, 0);
-    lists->addLayout(captioned("Missing consists", nullptr, listMiss), 1, 1);
-    lists->setColumnStretch(0, 1);
-    lists->setColumnStretch(1, 1);
+    auto* bottom = new QHBoxLayout();
+    bottom->addLayout(consists, 2);
+    bottom->addLayout(captioned("Missing consists", nullptr, listMiss), 1);
+    auto* lists = new QVBoxLayout();
+    lists->addLayout(top, 1);
+    lists->addLayout(bottom, 1);
     auto* buttons = new QHBoxLayout();
     for (QWidget* widget : std::initializer_list<QWidget*>{cmdTest, cmdTestLoose, Check1})
         buttons->addWidget(widget);
