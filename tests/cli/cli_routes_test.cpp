@@ -50,6 +50,13 @@ TEST(RouteCommands, TheSampleRouteItsActivitiesAndTheirConsists) {
 
     const CliRun unknown = scanOf(msts, home, {"activities", "Nowhere"});
     EXPECT_EQ(unknown.status, 2);
+
+    // The loose consists' units: a missing engine and wagons, a line without its ")".
+    const CliRun loose = scanOf(msts, home, {"loose-test", "RY_Valley", "--all"});
+    EXPECT_EQ(loose.status, 1) << loose.err;
+    EXPECT_THAT(readWholeFile(home + "/Reports/ActMissing.txt"), HasSubstr("RY_Class08.ENG"));
+    EXPECT_THAT(readWholeFile(home + "/Reports/ActSyntax.txt"), HasSubstr("\"WagonData\""));
+    EXPECT_EQ(scanOf(msts, home, {"loose-test", "RY_Valley"}).status, 2);
 }
 
 TEST(RouteCommands, PublishedActivityWithItsLooseConsists) {

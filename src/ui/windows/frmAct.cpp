@@ -8,11 +8,14 @@
 #include <QVBoxLayout>
 
 #include "core/platform/system_words.h"
+#include "core/tester/loose_test.h"
+#include "core/tester/reports.h"
 #include "ui/support/handler_guard.h"
 #include "ui/support/window_helpers.h"
 #include "ui/windows/frmDiag.h"
 #include "ui/windows/frmErrTyp.h"
 #include "ui/windows/qt_services.h"
+#include "ui/windows/wait_scope.h"
 
 namespace rakeyard::ui {
 
@@ -64,9 +67,6 @@ frmAct::frmAct(AppState& state, Services& services, QWidget* parent)
     cmdShowErr = button("cmdShowErr", "S&how lists", this);
     cmdShowErr->setToolTip("Show error lists");
     Command1 = button("Command1", "&Exit", this);
-    // The test of loose consists comes with a later version.
-    cmdTestLoose->setEnabled(false);
-    Check1->setEnabled(false);
     cmdLoad->setEnabled(false);
     cmdShowErr->setEnabled(false);
 
@@ -104,6 +104,8 @@ frmAct::frmAct(AppState& state, Services& services, QWidget* parent)
     connect(listMiss, &QListWidget::itemActivated, this, &frmAct::listMiss_DblClick);
     connect(cmdLoad, &QPushButton::clicked, this, &frmAct::listCon_DblClick);
     connect(cmdTest, &QPushButton::clicked, this, &frmAct::cmdTest_Click);
+    connect(cmdTestLoose, &QPushButton::clicked, this, &frmAct::cmdTestLoose_Click);
+    connect(Check1, &QCheckBox::toggled, this, &frmAct::Check1_Click);
     connect(cmdShowErr, &QPushButton::clicked, this, &frmAct::cmdShowErr_Click);
     connect(Command1, &QPushButton::clicked, this, &QDialog::close);
     listCon->installEventFilter(this);
@@ -130,6 +132,35 @@ void frmAct::listRoutes_Click() {
     listCon->clear();
     listMiss->clear();
     lblActivities->setText(QString::number(listAct->count()));
+    Check1_Click();
+}
+
+// With all activities to test, the first one is shown.
+void frmAct::Check1_Click() {
+    if (Check1->isChecked() && listAct->count() > 0) listAct->setCurrentRow(0);
+}
+
+void frmAct::cmdTestLoose_Click() {
+    if (listAct->count() == 0 || (!Check1->isChecked() && !listAct->currentItem())) return;
+    std::vector<std::string> names;
+    if (Check1->isChecked()) {
+        names = scan_.activityNames;
+    } else {
+        names.push_back(stdString(listAct->currentItem()->text()));
+    }
+    bool found = false;
+    runGuarded(services_.dialogs, [&] {
+        WaitScope wait("Please wait. Checking files...", services_.progress, this);
+        found = testLooseConsists(state_.paths, state_.routes, scan_, services_, names);
+    });
+    if (!found) {
+        services_.dialogs.report("No errors found.", Icon::Information);
+    } else if (state_.paths.editorPath.empty()) {
+        services_.dialogs.report(kNoEditorForReports, Icon::Exclamation);
+    } else {
+        cmdShowErr->setEnabled(true);
+        cmdShowErr_Click();
+    }
 }
 
 void frmAct::listAct_Click() {
