@@ -46,6 +46,18 @@ const ActivityEntry* findActivity(const RouteTables& tables, const ActivityScan&
     return nullptr;
 }
 
+// Opens the scan and selects the route a ROUTE operand names. kExitDone, or the status to end
+// with: bad usage for an unknown route, found when a failure ended the route's pass.
+int openRoute(CliContext& context, const std::string& given, ActivityScan& scan) {
+    const PathGlobals& paths = context.state->paths;
+    RouteTables& tables = context.state->routes;
+    openActivityScan(paths, tables, scan, context.services);
+    const RouteEntry* route = findRoute(tables, given);
+    if (!route) return usageError(context, "no route " + given);
+    if (!selectRoute(paths, tables, scan, context.services, route->routeName)) return kExitFound;
+    return kExitDone;
+}
+
 void printLines(const std::vector<std::string>& lines) {
     for (const std::string& line : lines)
         std::printf("%s\n", line.c_str());
@@ -88,10 +100,7 @@ int runActivities(CliContext& context, CommandArguments& arguments) {
     const PathGlobals& paths = context.state->paths;
     RouteTables& tables = context.state->routes;
     ActivityScan scan;
-    openActivityScan(paths, tables, scan, context.services);
-    const RouteEntry* route = findRoute(tables, operands[0]);
-    if (!route) return usageError(context, "no route " + operands[0]);
-    if (!selectRoute(paths, tables, scan, context.services, route->routeName)) return kExitFound;
+    if (int status = openRoute(context, operands[0], scan); status != kExitDone) return status;
     context.endProgress();
     if (operands.size() == 1) {
         if (!context.options.json) {
@@ -134,10 +143,7 @@ int runLooseTest(CliContext& context, CommandArguments& arguments) {
     const PathGlobals& paths = context.state->paths;
     RouteTables& tables = context.state->routes;
     ActivityScan scan;
-    openActivityScan(paths, tables, scan, context.services);
-    const RouteEntry* route = findRoute(tables, operands[0]);
-    if (!route) return usageError(context, "no route " + operands[0]);
-    if (!selectRoute(paths, tables, scan, context.services, route->routeName)) return kExitFound;
+    if (int status = openRoute(context, operands[0], scan); status != kExitDone) return status;
     std::vector<std::string> names = scan.activityNames;
     if (!all) {
         names.clear();
