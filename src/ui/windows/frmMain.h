@@ -6,6 +6,7 @@
 
 #include "core/app/app_state.h"
 #include "core/platform/services.h"
+#include "core/tools/random_consist.h"
 
 class QAction;
 class QKeyEvent;
@@ -138,6 +139,11 @@ private:
     void mnuUnicode_Click();
     void mnuMissing_Click();
     void mnuAliasing_Click();
+    // The tools' windows (frmMain_tools.cpp).
+    void mnuMaxvel_Click();
+    void tbrRandom_Click();
+    void mnuBigones_Click();
+    void mnuAllocated_Click();
     void mnuSteam_Click();
     void mnuDiesel_Click();
     void mnuElectric_Click();
@@ -205,6 +211,7 @@ private:
 
     AppState& state_;
     Services& services_;
+    RandomSource random_;  // one sequence for the whole run of the program
     std::unique_ptr<QtStartUpWindows> startUpWindows_;
     bool updatingControls_ = false;  // set while the window writes its own boxes
     bool unloading_ = false;

@@ -72,6 +72,10 @@ void frmMain::connectMenus() {
     both(mnuUnicode, nullptr, &frmMain::mnuUnicode_Click);
     both(mnuMissing, "test", &frmMain::mnuMissing_Click);
     both(mnuAliasing, "alias", &frmMain::mnuAliasing_Click);
+    both(mnuMaxvel, nullptr, &frmMain::mnuMaxvel_Click);
+    both(mnuBigones, nullptr, &frmMain::mnuBigones_Click);
+    both(mnuAllocated, nullptr, &frmMain::mnuAllocated_Click);
+    connect(toolbarButton(this, "random"), &QAction::triggered, this, &frmMain::tbrRandom_Click);
     both(mnuSteam, nullptr, &frmMain::mnuSteam_Click);
     both(mnuDiesel, nullptr, &frmMain::mnuDiesel_Click);
     both(mnuElectric, nullptr, &frmMain::mnuElectric_Click);
@@ -97,9 +101,9 @@ void frmMain::connectMenus() {
 void frmMain::enableBuiltEntries() {
     std::vector<QAction*> notYet = {
         mnuEditUnit, mnuEditFile, mnuLoose,   mnuActivities, mnuPreview,   mnu3D,
-        mnuPicture,  mnuConsUse,  mnuActsUse, mnuMaxvel,     mnuAllocated, mnuBigones};
+        mnuPicture,  mnuConsUse,  mnuActsUse};
     for (const char* key :
-         {"activity", "random", "3dview", "activitydependencies", "dependencies", "loose"})
+         {"activity", "3dview", "activitydependencies", "dependencies", "loose"})
         notYet.push_back(toolbarButton(this, key));
     for (QAction* entry : notYet) {
         entry->setEnabled(false);

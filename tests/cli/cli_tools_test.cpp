@@ -1,0 +1,107 @@
+// tools maxvelocity | random | stats | bigones on a copy of the bundled sample installation.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <nlohmann/json.hpp>
+#include <set>
+
+#include "cli/cli_runner.h"
+#include "support/msts_tree.h"
+
+namespace rakeyard::test {
+namespace {
+
+using nlohmann::json;
+using ::testing::HasSubstr;
+
+class ToolsCommands : public ::testing::Test {
+protected:
+    CliRun cli(std::vector<std::string> words) {
+        words.insert(words.begin(), {"--home", home, "--msts", msts});
+        return runCli(words);
+    }
+
+    TempFolder folder;
+    std::string msts = copySamples(folder.path());
+    std::string home = folder / "home";
+};
+
+TEST_F(ToolsCommands, MaxVelocityWorksOutTheNumbersAndAppliesThemToAConsist) {
+    const CliRun shown = cli({"tools", "maxvelocity", "--mph", "60", "30", "--json"});
+    ASSERT_EQ(shown.status, 0) << shown.err;
+    const json boxes = json::parse(shown.out);
+    EXPECT_EQ(boxes["kmhMax"], "96.5606");
+    EXPECT_EQ(boxes["mphMin"], "30");
+    EXPECT_EQ(boxes["maxVelocity"], "35.7631 0.5");
+
+    const CliRun refused = cli({"tools", "maxvelocity", "--kmh", "100", "50", "--efficiency", "0",
+                                "--apply", "RY_Coal_Up"});
+    EXPECT_EQ(refused.status, 1);
+    EXPECT_THAT(refused.err, HasSubstr("error: The efficiency factor must be greater than 0"));
+
+    // The consist exists: saving over it is a question, and --yes answers it.
+    const CliRun applied = cli({"--yes", "tools", "maxvelocity", "--kmh", "100", "50",
+                                "--efficiency", "50", "--apply", "RY_Coal_Up"});
+    ASSERT_EQ(applied.status, 0) << applied.err;
+    EXPECT_THAT(applied.out, HasSubstr("MaxVelocity ( 55.5555 0.5 )"));
+    const json coal = json::parse(cli({"consist", "show", "RY_Coal_Up", "--json"}).out);
+    EXPECT_EQ(coal["maxVelocity"], "55.5555 0.5");
+}
+
+TEST_F(ToolsCommands, RandomGivesTheSameTrainInEveryRunAndSavesIt) {
+    const std::vector<std::string> words = {"tools",   "random",  "--coupler", "A",     "--type",
+                                            "Freight", "--count", "9",         "--all", "--json"};
+    const CliRun first = cli(words);
+    ASSERT_EQ(first.status, 0) << first.err;
+    EXPECT_EQ(cli(words).out, first.out);
+    const json train = json::parse(first.out);
+    ASSERT_EQ(train["slots"].size(), 9u);
+    std::set<std::string> firstSix;
+    for (std::size_t i = 0; i < 6; ++i)
+        firstSix.insert(train["slots"][i]["fileName"].get<std::string>());
+    EXPECT_EQ(firstSix.size(), 6u);  // the six automatic hoppers, each once, then repeats
+    EXPECT_EQ(train["slots"][8]["position"], 9);
+
+    const CliRun saved = cli({"tools", "random", "--coupler", "A", "--type", "Freight", "--count",
+                              "3", "ry_hta", "--save", "RY_Hoppers"});
+    ASSERT_EQ(saved.status, 0) << saved.err;
+    const json hoppers = json::parse(cli({"consist", "show", "RY_Hoppers", "--json"}).out);
+    ASSERT_EQ(hoppers["slots"].size(), 3u);
+    for (const json& slot : hoppers["slots"])
+        EXPECT_EQ(slot["fileName"], "RY_HTA.wag");
+
+    const CliRun unknown = cli(
+        {"tools", "random", "--coupler", "A", "--type", "Freight", "--count", "3", "RY_Van12t"});
+    EXPECT_EQ(unknown.status, 1);
+    EXPECT_THAT(unknown.err, HasSubstr("error: \"RY_Van12t\" is not in the list"));
+    EXPECT_EQ(
+        cli({"tools", "random", "--coupler", "A", "--type", "Freight", "--count", "abc", "--all"})
+            .status,
+        1);
+}
+
+TEST_F(ToolsCommands, BigOnesAndStatsReadTheSample) {
+    const CliRun big = cli({"tools", "bigones", "--json"});
+    ASSERT_EQ(big.status, 0) << big.err;
+    const json rows = json::parse(big.out);
+    // The ballasted Class 37 and the Class 50 weigh the same: the first read is shown.
+    EXPECT_EQ(rows[2]["name"], "RY Class 37 with headcode boxes");
+    EXPECT_EQ(rows[2]["value"], "105t");
+    EXPECT_EQ(rows[0]["value"], "3010kW");
+
+    const CliRun stats = cli({"tools", "stats", "--lists", "spreadsheet", "--json"});
+    ASSERT_EQ(stats.status, 0) << stats.err;
+    const json totals = json::parse(stats.out);
+    EXPECT_EQ(totals["consists"], 5);
+    EXPECT_GT(totals["cabBytes"].get<long long>(), 0);
+    EXPECT_EQ(totals["engineFolderBytes"].get<long long>(),
+              totals["engineBytes"].get<long long>() + totals["cabBytes"].get<long long>() +
+                  totals["soundBytes"].get<long long>());
+    EXPECT_THAT(stats.err, HasSubstr("info: Lists ready!"));
+    EXPECT_THAT(readWholeFile(home + "/Reports/Engines list.txt"),
+                HasSubstr("\"RY_Class50\",\"C\",\"C\",\"2700hp\",105,19.38\r\n"));
+    EXPECT_EQ(cli({"tools", "stats", "--lists", "csv"}).status, 2);
+}
+
+}  // namespace
+}  // namespace rakeyard::test
