@@ -9,8 +9,8 @@ namespace rakeyard::cli {
 namespace {
 
 void printRow(const char* heading, std::uint64_t bytes) {
-    std::printf("%-30s%20s bytes %15s MB\n", heading, thousandsText(bytes).c_str(),
-                megabytesText(bytes).c_str());
+    const std::string text = bytes == 0 ? "0" : thousandsText(bytes);
+    std::printf("%-30s%20s bytes %15s MB\n", heading, text.c_str(), megabytesText(bytes).c_str());
 }
 
 void printTotals(const SpaceTotals& t) {

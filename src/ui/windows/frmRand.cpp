@@ -9,6 +9,7 @@
 #include <QRegularExpressionValidator>
 #include <QVBoxLayout>
 
+#include "core/platform/text_utf.h"
 #include "core/settings/settings_file.h"
 #include "core/tools/unit_picture.h"
 #include "ui/support/handler_guard.h"
@@ -129,7 +130,9 @@ void frmRand::applyFilter() {
     wagList->clear();
     for (const std::string& line :
          randomWagonLines(state_.catalogue, couplerFilter_, typeFilter_)) {
-        auto* item = new QListWidgetItem(qs(line), wagList);
+        // The name shows; the whole line, with the wagon's index behind "^", is kept behind it.
+        auto* item = new QListWidgetItem(qs(trimBlanks(line.substr(0, line.rfind('^')))), wagList);
+        item->setData(Qt::UserRole, qs(line));
         item->setFlags(item->flags() | Qt::ItemIsUserCheckable);
         item->setCheckState(Qt::Unchecked);
     }
@@ -149,7 +152,7 @@ void frmRand::wagList_Click() {
     Picture1->clear();
     const QListWidgetItem* item = wagList->currentItem();
     if (!item) return;
-    const int index = wagonIndexOfLine(stdString(item->text()));
+    const int index = wagonIndexOfLine(stdString(item->data(Qt::UserRole).toString()));
     const auto wagons = usedRecords(state_.catalogue, UnitClass::Wagon);
     if (index < 0 || static_cast<std::size_t>(index) >= wagons.size()) return;
     const std::string picture = randomConsistPicture(services_.fs, wagons[index]);
@@ -166,7 +169,7 @@ void frmRand::Command1_Click() {
         for (int i = 0; i < wagList->count(); ++i) {
             const QListWidgetItem* item = wagList->item(i);
             if (item->checkState() == Qt::Checked)
-                ticked.push_back(wagonIndexOfLine(stdString(item->text())));
+                ticked.push_back(wagonIndexOfLine(stdString(item->data(Qt::UserRole).toString())));
         }
         const std::vector<int> train =
             getRandomWagons(ticked, stdString(Text1->text()), random_, services_.dialogs);
