@@ -50,6 +50,8 @@ constexpr Command kCommands[] = {
     {"tools random",
      "tools random --coupler A|B|C --type Freight|Carriage --count N (--all|WAGON...) [--save NAME]",
      "a train mixed from the wagons named (or all of the coupler and type)", runToolsRandom},
+    {"unit describe", "unit describe FILE [--json]",
+     "the description window's text and picture of a unit", runUnitDescribe},
     {"unicode check", "unicode check", "list the unit files that are not in Unicode",
      runUnicodeCheck},
     {"unicode convert", "unicode convert", "convert the files that unicode check lists",

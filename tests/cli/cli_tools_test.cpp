@@ -13,6 +13,7 @@ namespace {
 
 using nlohmann::json;
 using ::testing::HasSubstr;
+using ::testing::Not;
 
 class ToolsCommands : public ::testing::Test {
 protected:
@@ -101,6 +102,26 @@ TEST_F(ToolsCommands, BigOnesAndStatsReadTheSample) {
     EXPECT_THAT(readWholeFile(home + "/Reports/Engines list.txt"),
                 HasSubstr("\"RY_Class50\",\"C\",\"C\",\"2700hp\",105,19.38\r\n"));
     EXPECT_EQ(cli({"tools", "stats", "--lists", "csv"}).status, 2);
+}
+
+TEST_F(ToolsCommands, DescribeGivesTheDescriptionFiguresAndTheLastPictureFound) {
+    const CliRun engine = cli({"unit", "describe", "ry_class50", "--json"});
+    ASSERT_EQ(engine.status, 0) << engine.err;
+    const json described = json::parse(engine.out);
+    const std::string text = described["text"];
+    EXPECT_THAT(text, HasSubstr("of its time.\nPower: 2,700 hp from a sixteen cylinder engine.\n"));
+    EXPECT_THAT(text, Not(HasSubstr("Release the brakes")));  // the operating procedures
+    EXPECT_THAT(text, HasSubstr(std::string(33, '*') + "\nType: Engine\n"));
+    EXPECT_THAT(text, HasSubstr("\nComment   Ballast weights fitted in 1988\n"));
+    EXPECT_THAT(text, HasSubstr("\nMaxPower: 2700hp\n"));
+    EXPECT_THAT(described["picture"].get<std::string>(), HasSubstr("RY_CLASS50.jpg"));
+
+    // A .jpg and a .bmp beside the unit: the description shows the .jpg.
+    const CliRun hopper = cli({"unit", "describe", "RY_HTA"});
+    ASSERT_EQ(hopper.status, 0) << hopper.err;
+    EXPECT_THAT(hopper.out, HasSubstr("No description available for this unit!\nType: Freight\n"));
+    EXPECT_THAT(hopper.out, HasSubstr("RY_HTA.jpg\n"));
+    EXPECT_EQ(cli({"unit", "describe", "nothing"}).status, 1);
 }
 
 }  // namespace

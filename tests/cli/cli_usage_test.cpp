@@ -23,7 +23,8 @@ TEST(CliUsage, HelpListsTheBuiltCommandsOnly) {
                               "consist copy", "consist new", "unicode check", "unicode convert",
                               "test engines", "alias list", "alias engine", "alias cab-folder",
                               "alias sound-folder", "alias restore", "tools maxvelocity",
-                              "tools random", "tools stats", "tools bigones"})
+                              "tools random", "tools stats", "tools bigones",
+                              "unit describe"})
         EXPECT_THAT(run.out, HasSubstr(built)) << built;
     for (const char* unbuilt : {"test wagons", "test consists", "routes", "activities",
                                 "loose-test", "deps", "unit edit"})

@@ -3,17 +3,21 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QSlider>
 #include <QTest>
 #include <filesystem>
 #include <memory>
 
 #include "core/app/app_state.h"
+#include "main_window_fixture.h"
 #include "support/fakes.h"
 #include "support/msts_tree.h"
 #include "ui/widgets/space_chart.h"
 #include "ui/windows/frmBigOnes.h"
+#include "ui/windows/frmDesc.h"
 #include "ui/windows/frmMaxVelocity.h"
 #include "ui/windows/frmRand.h"
 #include "ui/windows/frmStats.h"
@@ -28,6 +32,7 @@ private Q_SLOTS:
     void randomFiltersTicksAndPutsTheTrainInTheEditor();
     void bigOnesShowTheFirstOfEqualUnits();
     void statsShowsTotalsChartAndWritesLists();
+    void descriptionFollowsTheListWithTheJpegBesideTheUnit();
 };
 
 void ToolsWindows::maxVelocityConvertsWhatWasTypedAndUsesTheValues() {
@@ -189,6 +194,42 @@ void ToolsWindows::statsShowsTotalsChartAndWritesLists() {
     window.Option2->click();
     QCOMPARE(msts.read("home/Reports/Wags1.txt"), std::string("\"w.wag\"\r\n"));
     QVERIFY(!msts.exists("home/Reports/Wagons list.txt"));
+}
+
+void ToolsWindows::descriptionFollowsTheListWithTheJpegBesideTheUnit() {
+    test::MainWindowFixture f;
+    f.msts.write("TRAINS/TRAINSET/CLASS37/class37.eng",
+                 "Wagon ( class37\n\tMass ( 102t )\n)\nEngine ( class37\n\tDescription (\n"
+                 "\t\t\"Power: 1,750 hp\\n\"\n\t)\n)\n");
+    // Both pictures stand beside the unit: the description shows the .jpg, the last found.
+    for (const char* name : {"CLASS37.bmp", "CLASS37.jpg"}) {
+        QImage picture(40, 20, QImage::Format_RGB32);
+        picture.fill(QString(name).endsWith("jpg") ? Qt::green : Qt::blue);
+        QVERIFY(picture.save(QString::fromStdString(f.msts.trainset() + "/CLASS37/") + name));
+    }
+    f.window->findChild<QAction*>("mnuPicture")->trigger();
+    auto* desc = f.window->findChild<ui::frmDesc*>("frmDesc");
+    QVERIFY(desc && desc->isVisible());
+    QCOMPARE(desc->windowTitle(), QString("Description of this unit"));
+    QCOMPARE(desc->Text1->toPlainText(), QString("No description available for this unit!"));
+    QCOMPARE(desc->SliderH->toolTip(), QString("Horizontal picture size"));
+
+    int row = 0;
+    while (!f.window->locList->lineOfRow(row).contains("class37.eng"))
+        ++row;
+    f.window->locList->setCurrentRow(row);
+    QVERIFY(desc->Text1->toPlainText().startsWith("Power: 1,750 hp\n\n" + QString(33, '*')));
+    QVERIFY(desc->Text1->toPlainText().contains("Mass: 102t"));
+    QVERIFY(desc->Image1->isVisible());
+    QVERIFY(!desc->Image2->isVisible());
+    const QImage shown = desc->Image1->pixmap().toImage();
+    const QColor colour(shown.pixel(5, 5));
+    QVERIFY(colour.green() > 200 && colour.blue() < 50);  // the green .jpg, not the blue .bmp
+
+    desc->SliderH->setValue(4500);
+    QCOMPARE(desc->Image1->width(), 300);
+    desc->close();
+    QCOMPARE(f.state->settings.pictureWidth, std::int16_t(4500));
 }
 
 QTEST_MAIN(ToolsWindows)

@@ -1,5 +1,6 @@
 #pragma once
 #include <QMainWindow>
+#include <QPointer>
 #include <array>
 #include <functional>
 #include <string_view>
@@ -23,6 +24,7 @@ namespace rakeyard::ui {
 class SlotPicture;
 class UnitListView;
 class QtStartUpWindows;
+class frmDesc;
 
 // The main window: the two catalogue lists, the consist strip of six slots with its header
 // boxes and totals, the menus and the toolbar.
@@ -144,6 +146,11 @@ private:
     void tbrRandom_Click();
     void mnuBigones_Click();
     void mnuAllocated_Click();
+    void mnuPicture_Click();
+    // Opens the description window (free) following the list named, "locList" or "wagList".
+    void showDescription(const QString& list);
+    // The description window, when it is open, follows a click in a catalogue list.
+    void followInDescription(const QString& list);
     void mnuSteam_Click();
     void mnuDiesel_Click();
     void mnuElectric_Click();
@@ -212,6 +219,7 @@ private:
     AppState& state_;
     Services& services_;
     RandomSource random_;  // one sequence for the whole run of the program
+    QPointer<frmDesc> desc_;
     std::unique_ptr<QtStartUpWindows> startUpWindows_;
     bool updatingControls_ = false;  // set while the window writes its own boxes
     bool unloading_ = false;

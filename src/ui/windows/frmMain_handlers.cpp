@@ -25,6 +25,7 @@
 #include "ui/widgets/unit_list_view.h"
 #include "ui/windows/frm3DViewer.h"
 #include "ui/windows/frmAbout.h"
+#include "ui/windows/frmDesc.h"
 #include "ui/windows/frmDiag.h"
 #include "ui/windows/frmEditor.h"
 #include "ui/windows/frmHelp.h"
@@ -75,6 +76,7 @@ void frmMain::connectMenus() {
     both(mnuMaxvel, nullptr, &frmMain::mnuMaxvel_Click);
     both(mnuBigones, nullptr, &frmMain::mnuBigones_Click);
     both(mnuAllocated, nullptr, &frmMain::mnuAllocated_Click);
+    both(mnuPicture, nullptr, &frmMain::mnuPicture_Click);
     connect(toolbarButton(this, "random"), &QAction::triggered, this, &frmMain::tbrRandom_Click);
     both(mnuSteam, nullptr, &frmMain::mnuSteam_Click);
     both(mnuDiesel, nullptr, &frmMain::mnuDiesel_Click);
@@ -101,7 +103,7 @@ void frmMain::connectMenus() {
 void frmMain::enableBuiltEntries() {
     std::vector<QAction*> notYet = {
         mnuEditUnit, mnuEditFile, mnuLoose,   mnuActivities, mnuPreview,   mnu3D,
-        mnuPicture,  mnuConsUse,  mnuActsUse};
+        mnuConsUse,  mnuActsUse};
     for (const char* key :
          {"activity", "3dview", "activitydependencies", "dependencies", "loose"})
         notYet.push_back(toolbarButton(this, key));
@@ -322,6 +324,7 @@ void frmMain::mnuShowPic_Click() {
 
 void frmMain::showStoredOptions() {
     mnuShowPic->setChecked(trimmedValue(state_.settings.showDescription) == "on");
+    if (mnuShowPic->isChecked() && !desc_) showDescription("locList");
 }
 
 // ---- Help ----
