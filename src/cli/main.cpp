@@ -52,6 +52,8 @@ constexpr Command kCommands[] = {
      "a train mixed from the wagons named (or all of the coupler and type)", runToolsRandom},
     {"unit describe", "unit describe FILE [--json]",
      "the description window's text and picture of a unit", runUnitDescribe},
+    {"unit consists", "unit consists FILE [--json]", "the consists that name a unit",
+     runUnitConsists},
     {"unicode check", "unicode check", "list the unit files that are not in Unicode",
      runUnicodeCheck},
     {"unicode convert", "unicode convert", "convert the files that unicode check lists",

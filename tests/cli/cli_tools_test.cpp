@@ -93,7 +93,7 @@ TEST_F(ToolsCommands, BigOnesAndStatsReadTheSample) {
     const CliRun stats = cli({"tools", "stats", "--lists", "spreadsheet", "--json"});
     ASSERT_EQ(stats.status, 0) << stats.err;
     const json totals = json::parse(stats.out);
-    EXPECT_EQ(totals["consists"], 5);
+    EXPECT_EQ(totals["consists"], 6);
     EXPECT_GT(totals["cabBytes"].get<long long>(), 0);
     EXPECT_EQ(totals["engineFolderBytes"].get<long long>(),
               totals["engineBytes"].get<long long>() + totals["cabBytes"].get<long long>() +
@@ -122,6 +122,17 @@ TEST_F(ToolsCommands, DescribeGivesTheDescriptionFiguresAndTheLastPictureFound) 
     EXPECT_THAT(hopper.out, HasSubstr("No description available for this unit!\nType: Freight\n"));
     EXPECT_THAT(hopper.out, HasSubstr("RY_HTA.jpg\n"));
     EXPECT_EQ(cli({"unit", "describe", "nothing"}).status, 1);
+}
+
+TEST_F(ToolsCommands, ConsistsFindsAUnitNamedInEachFormOnce) {
+    for (const char* hopper : {"RY_HTA", "RY_HAA", "RY_HBA", "RY_HEA"}) {
+        const CliRun run = cli({"unit", "consists", hopper});
+        EXPECT_EQ(run.status, 0) << hopper << run.err;
+        EXPECT_EQ(run.out, "RY_Hopper_Forms.con\n") << hopper;
+    }
+    const CliRun unused = cli({"unit", "consists", "RY_HFA", "--json"});
+    EXPECT_EQ(unused.out, "[]\n");
+    EXPECT_THAT(unused.err, HasSubstr("info: There are no consists using this unit!"));
 }
 
 }  // namespace

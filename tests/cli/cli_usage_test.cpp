@@ -24,7 +24,7 @@ TEST(CliUsage, HelpListsTheBuiltCommandsOnly) {
                               "test engines", "alias list", "alias engine", "alias cab-folder",
                               "alias sound-folder", "alias restore", "tools maxvelocity",
                               "tools random", "tools stats", "tools bigones",
-                              "unit describe"})
+                              "unit describe", "unit consists"})
         EXPECT_THAT(run.out, HasSubstr(built)) << built;
     for (const char* unbuilt : {"test wagons", "test consists", "routes", "activities",
                                 "loose-test", "deps", "unit edit"})

@@ -17,8 +17,10 @@
 #include "support/msts_tree.h"
 #include "ui/widgets/space_chart.h"
 #include "ui/windows/frmBigOnes.h"
+#include "ui/windows/frmDep.h"
 #include "ui/windows/frmDesc.h"
 #include "ui/windows/frmMaxVelocity.h"
+#include "ui/windows/frmPreview.h"
 #include "ui/windows/frmRand.h"
 #include "ui/windows/frmStats.h"
 
@@ -33,6 +35,7 @@ private Q_SLOTS:
     void bigOnesShowTheFirstOfEqualUnits();
     void statsShowsTotalsChartAndWritesLists();
     void descriptionFollowsTheListWithTheJpegBesideTheUnit();
+    void previewShowsTheBmpOfThePageAndDependenciesLoadAndDelete();
 };
 
 void ToolsWindows::maxVelocityConvertsWhatWasTypedAndUsesTheValues() {
@@ -230,6 +233,49 @@ void ToolsWindows::descriptionFollowsTheListWithTheJpegBesideTheUnit() {
     QCOMPARE(desc->Image1->width(), 300);
     desc->close();
     QCOMPARE(f.state->settings.pictureWidth, std::int16_t(4500));
+}
+
+void ToolsWindows::previewShowsTheBmpOfThePageAndDependenciesLoadAndDelete() {
+    test::MainWindowFixture f;
+    std::filesystem::create_directories(f.msts.trainset() + "/WAGONS");
+    for (const char* name : {"VAN.jpg", "VAN.bmp"}) {
+        QImage picture(40, 20, QImage::Format_RGB32);
+        picture.fill(QString(name).endsWith("bmp") ? Qt::blue : Qt::green);
+        QVERIFY(picture.save(QString::fromStdString(f.msts.trainset() + "/WAGONS/") + name));
+    }
+    f.addWagon("van.wag");
+    f.addWagon("coal.wag");
+    f.window->findChild<QAction*>("mnuPreview")->trigger();
+    auto* preview = f.window->findChild<ui::frmPreview*>("frmPreview");
+    QVERIFY(preview && preview->isVisible());
+    const QColor first(preview->Picture1[0]->pixmap().toImage().pixel(5, 5));
+    QVERIFY(first.blue() > 200 && first.green() < 50);  // the .bmp wins over the .jpg
+    for (int i = 1; i < 6; ++i)
+        QVERIFY(preview->Picture1[i]->pixmap().isNull());
+    f.window->findChild<QAction*>("mnuPreview")->trigger();  // a second press closes it
+    QVERIFY(!f.window->findChild<ui::frmPreview*>("frmPreview") ||
+            !f.window->findChild<ui::frmPreview*>("frmPreview")->isVisible());
+
+    f.msts.write("TRAINS/CONSISTS/Vans.con",
+                 "Train (\n\tTrainCfg ( Vans\n\t\tName ( \"Vans\" )\n\t\tWagon (\n"
+                 "\t\t\tWagonData ( \"van\" WAGONS )\n\t\t\tUiD ( 1 )\n\t\t)\n\t)\n)");
+    const UnitRecord& van = f.state->catalogue.wagons[0];
+    ui::frmDep window(*f.state, f.fake.services, van, false);
+    QCOMPARE(window.windowTitle(), QString("Wagon dependencies..."));
+    QVERIFY(window.Form_Load());
+    QCOMPARE(window.conList->count(), 1);
+    f.state->consist.consistChanged = false;
+    window.conList->setCurrentRow(0);
+    Q_EMIT window.conList->itemDoubleClicked(window.conList->item(0));
+    QCOMPARE(QString::fromStdString(f.state->consist.header.name), QString("Vans"));
+    window.conList->item(0)->setSelected(true);
+    QTest::mouseClick(window.Command1, Qt::LeftButton);
+    QCOMPARE(window.conList->count(), 0);
+    QCOMPARE(f.fake.desktop.trashed.size(), std::size_t(1));
+
+    ui::frmDep none(*f.state, f.fake.services, f.state->catalogue.wagons[2], false);
+    QVERIFY(!none.Form_Load());
+    QCOMPARE(f.fake.dialogs.texts().back(), std::string("There are no consists using this unit!"));
 }
 
 QTEST_MAIN(ToolsWindows)

@@ -25,6 +25,7 @@ class SlotPicture;
 class UnitListView;
 class QtStartUpWindows;
 class frmDesc;
+class frmPreview;
 
 // The main window: the two catalogue lists, the consist strip of six slots with its header
 // boxes and totals, the menus and the toolbar.
@@ -147,6 +148,8 @@ private:
     void mnuBigones_Click();
     void mnuAllocated_Click();
     void mnuPicture_Click();
+    void mnuPreview_Click();
+    void mnuConsUse_Click();
     // Opens the description window (free) following the list named, "locList" or "wagList".
     void showDescription(const QString& list);
     // The description window, when it is open, follows a click in a catalogue list.
@@ -220,6 +223,7 @@ private:
     Services& services_;
     RandomSource random_;  // one sequence for the whole run of the program
     QPointer<frmDesc> desc_;
+    QPointer<frmPreview> preview_;
     std::unique_ptr<QtStartUpWindows> startUpWindows_;
     bool updatingControls_ = false;  // set while the window writes its own boxes
     bool unloading_ = false;

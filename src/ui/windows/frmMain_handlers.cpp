@@ -32,6 +32,7 @@
 #include "ui/windows/frmLoadCon.h"
 #include "ui/windows/frmMain.h"
 #include "ui/windows/frmPath.h"
+#include "ui/windows/frmPreview.h"
 #include "ui/windows/frmQtd.h"
 #include "ui/windows/frmScrshots.h"
 #include "ui/windows/frmWait.h"
@@ -77,6 +78,8 @@ void frmMain::connectMenus() {
     both(mnuBigones, nullptr, &frmMain::mnuBigones_Click);
     both(mnuAllocated, nullptr, &frmMain::mnuAllocated_Click);
     both(mnuPicture, nullptr, &frmMain::mnuPicture_Click);
+    both(mnuPreview, nullptr, &frmMain::mnuPreview_Click);
+    both(mnuConsUse, "dependencies", &frmMain::mnuConsUse_Click);
     connect(toolbarButton(this, "random"), &QAction::triggered, this, &frmMain::tbrRandom_Click);
     both(mnuSteam, nullptr, &frmMain::mnuSteam_Click);
     both(mnuDiesel, nullptr, &frmMain::mnuDiesel_Click);
@@ -101,11 +104,9 @@ void frmMain::connectMenus() {
 // so that no key reaches them), and so is a menu left with nothing in it; the guide marks them
 // as coming.
 void frmMain::enableBuiltEntries() {
-    std::vector<QAction*> notYet = {
-        mnuEditUnit, mnuEditFile, mnuLoose,   mnuActivities, mnuPreview,   mnu3D,
-        mnuConsUse,  mnuActsUse};
-    for (const char* key :
-         {"activity", "3dview", "activitydependencies", "dependencies", "loose"})
+    std::vector<QAction*> notYet = {mnuEditUnit,   mnuEditFile, mnuLoose,
+                                    mnuActivities, mnu3D,       mnuActsUse};
+    for (const char* key : {"activity", "3dview", "activitydependencies", "loose"})
         notYet.push_back(toolbarButton(this, key));
     for (QAction* entry : notYet) {
         entry->setEnabled(false);

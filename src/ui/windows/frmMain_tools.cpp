@@ -1,12 +1,16 @@
 // The main window's handlers that open the tools' windows.
+#include "core/msts/unit_list.h"
 #include "ui/support/handler_guard.h"
 #include "ui/widgets/unit_list_view.h"
 #include "ui/windows/frmBigOnes.h"
+#include "ui/windows/frmDep.h"
 #include "ui/windows/frmDesc.h"
 #include "ui/windows/frmMain.h"
 #include "ui/windows/frmMaxVelocity.h"
+#include "ui/windows/frmPreview.h"
 #include "ui/windows/frmRand.h"
 #include "ui/windows/frmStats.h"
+#include "ui/windows/qt_services.h"
 
 namespace rakeyard::ui {
 
@@ -63,6 +67,44 @@ void frmMain::followInDescription(const QString& list) {
     if (!desc_ || !desc_->isVisible()) return;
     desc_->setActiveList(list);
     desc_->showPicOnScreen();
+}
+
+// Closes the preview when it is open, else opens it on the page shown.
+void frmMain::mnuPreview_Click() {
+    if (preview_ && preview_->isVisible()) {
+        preview_->close();
+        return;
+    }
+    runGuarded(services_.dialogs, [&] {
+        if (!preview_) {
+            preview_ = new frmPreview(state_, services_, this);
+            preview_->setAttribute(Qt::WA_DeleteOnClose);
+            preview_->setModal(false);
+        }
+        preview_->show();
+        preview_->Command2_Click();
+    });
+}
+
+// The consists that use the unit selected in the list with the input focus (the engines unless
+// the wagon list has it).
+void frmMain::mnuConsUse_Click() {
+    runGuarded(services_.dialogs, [&] {
+        const bool isEngine = !wagList->hasFocus();
+        const std::string line = stdString((isEngine ? locList : wagList)->currentLine());
+        if (line.empty()) {
+            services_.dialogs.report("Nothing selected, please click on an engine or wagon first.",
+                                     Icon::Exclamation);
+            return;
+        }
+        const auto records =
+            usedRecords(state_.catalogue, isEngine ? UnitClass::Engine : UnitClass::Wagon);
+        const auto index = findUnitByKey(records, keyOfLine(line), KeyCase::Exact);
+        if (!index) return;
+        frmDep window(state_, services_, records[*index], isEngine, this);
+        if (window.Form_Load()) window.exec();
+    });
+    refreshPics();
 }
 
 }  // namespace rakeyard::ui
