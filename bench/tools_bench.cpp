@@ -15,6 +15,7 @@
 #include "bench_support.h"
 #include "core/platform/local_file_system.h"
 #include "core/tools/allocated_space.h"
+#include "core/tools/consists_using.h"
 
 namespace {
 
@@ -63,5 +64,27 @@ int main(int argc, char** argv) {
         bytes, std::uintmax_t(totals.engineBytes), std::uintmax_t(totals.cabBytes),
         std::uintmax_t(totals.soundBytes), std::uintmax_t(totals.wagonBytes), totals.consists,
         std::uintmax_t(totals.consistBytes));
+
+    // The consists that name one unit: the whole Consists folder read and searched.
+    rakeyard::UnitRecord unit;
+    unit.fileName = "Wagon0042.wag";
+    unit.folderName = "Folder0042";
+    std::vector<std::string> users;
+    std::vector<Timings> search = {
+        {"floor, read all",
+         [&] {
+             std::vector<char> buffer;
+             std::error_code ec;
+             for (const auto& entry : fs::directory_iterator(msts / "TRAINS/CONSISTS", ec))
+                 (void)readWhole(entry.path().string(), buffer);
+         }},
+        {"consistsUsingUnit",
+         [&] {
+             rakeyard::LocalFileSystem fresh;
+             users = rakeyard::consistsUsingUnit(unit, paths.consistsPath, fresh);
+         }},
+    };
+    runAndPrint(search, runs, false);
+    std::printf("consists naming %s: %zu\n", unit.fileName.c_str(), users.size());
     return 0;
 }
