@@ -9,6 +9,7 @@
 #include <QSlider>
 #include <QTest>
 #include <filesystem>
+#include <fstream>
 #include <memory>
 
 #include "core/app/app_state.h"
@@ -228,6 +229,14 @@ void ToolsWindows::descriptionFollowsTheListWithTheJpegBesideTheUnit() {
     const QImage shown = desc->Image1->pixmap().toImage();
     const QColor colour(shown.pixel(5, 5));
     QVERIFY(colour.green() > 200 && colour.blue() < 50);  // the green .jpg, not the blue .bmp
+
+    // A corrupt picture shows as none; an empty one is not taken, and the .bmp stands.
+    std::ofstream(f.msts.trainset() + "/CLASS37/CLASS37.jpg", std::ios::trunc) << "not a jpeg";
+    desc->showPicOnScreen();
+    QVERIFY(!desc->Image1->isVisible() && desc->Image2->isVisible());
+    std::ofstream(f.msts.trainset() + "/CLASS37/CLASS37.jpg", std::ios::trunc);
+    desc->showPicOnScreen();
+    QVERIFY(desc->Image1->isVisible());
 
     desc->SliderH->setValue(4500);
     QCOMPARE(desc->Image1->width(), 300);

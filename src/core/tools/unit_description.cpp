@@ -123,7 +123,8 @@ void addFigure(std::u16string_view line, std::string& text) {
 bool getDescription(std::string_view bytes, std::string& text) {
     bool found = false;
     bool on = false;
-    for (std::u16string_view item : delimitedItems(decoded(bytes))) {
+    const std::u16string whole = decoded(bytes);  // the items are views into it
+    for (std::u16string_view item : delimitedItems(whole)) {
         if (item.find(u"EngineOperatingProcedures") != std::u16string_view::npos) {
             on = false;
         } else if (item.find(u"Description (") != std::u16string_view::npos) {

@@ -48,6 +48,15 @@ TEST(GetDescription, FileWithoutOneLeavesTheTextAsItWas) {
     EXPECT_EQ(text, "start");
 }
 
+TEST(GetDescription, HundredThousandItemsAreAllTaken) {
+    std::string items = "Description (\n";
+    for (int i = 0; i < 100000; ++i)
+        items += "\"x\",";
+    std::string text;
+    ASSERT_TRUE(getDescription(unitBytes(items + "\n)\n"), text));
+    EXPECT_EQ(text.size(), 100000u + 2 + 33 + 2);
+}
+
 TEST(GetInfo, FiguresFollowWithTheirWordAndStarCommentsShowWhileOthersAreCut) {
     const std::string bytes = unitBytes(
         "Wagon ( X\n\tType ( Engine )\n\tSize  ( 3m\t4m 18.75m )\n\tMass ( 105t )\n"
