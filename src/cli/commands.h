@@ -42,6 +42,7 @@ int runToolsBigOnes(CliContext& context, CommandArguments& arguments);
 int runToolsStats(CliContext& context, CommandArguments& arguments);
 int runUnitDescribe(CliContext& context, CommandArguments& arguments);
 int runUnitConsists(CliContext& context, CommandArguments& arguments);
+int runUnitEdit(CliContext& context, CommandArguments& arguments);
 
 // The consist under edit as `consist show` prints it, and as its --json gives it.
 void printConsist(const ConsistState& consist);

@@ -124,6 +124,22 @@ TEST_F(ToolsCommands, DescribeGivesTheDescriptionFiguresAndTheLastPictureFound) 
     EXPECT_EQ(cli({"unit", "describe", "nothing"}).status, 1);
 }
 
+TEST_F(ToolsCommands, UnitEditChangesWhatIsGivenAndKeepsTheRest) {
+    // The first coupling block takes the rear box; the hopper's one block serves both ends.
+    const CliRun run = cli({"unit", "edit", "RY_HTA", "--mass", "26", "--rear", "B"});
+    ASSERT_EQ(run.status, 0) << run.err;
+    EXPECT_THAT(run.out, HasSubstr("[AB]"));
+    const json wagon = json::parse(cli({"unit", "edit", "RY_HTA", "--json"}).out);
+    EXPECT_EQ(wagon["mass"], 26);
+    EXPECT_EQ(wagon["displayName"], "HTA bogie hopper");
+    EXPECT_EQ(wagon["couplerRear"], "B");
+    EXPECT_EQ(cli({"unit", "edit", "RY_HTA", "--power", "100"}).status, 2);
+    EXPECT_EQ(cli({"unit", "edit", "RY_HTA", "--front", "X"}).status, 2);
+    const CliRun quote = cli({"unit", "edit", "RY_HTA", "--name", "a \"b\""});
+    EXPECT_EQ(quote.status, 1);
+    EXPECT_THAT(quote.err, HasSubstr("error: The name may not hold a double quote"));
+}
+
 TEST_F(ToolsCommands, ConsistsFindsAUnitNamedInEachFormOnce) {
     for (const char* hopper : {"RY_HTA", "RY_HAA", "RY_HBA", "RY_HEA"}) {
         const CliRun run = cli({"unit", "consists", hopper});

@@ -1,4 +1,5 @@
 // The tools' windows: maximum velocity, random consist, allocated space, big ones.
+#include <QComboBox>
 #include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
@@ -24,6 +25,7 @@
 #include "ui/windows/frmPreview.h"
 #include "ui/windows/frmRand.h"
 #include "ui/windows/frmStats.h"
+#include "ui/windows/unit_edit_window.h"
 
 using namespace rakeyard;
 
@@ -37,6 +39,7 @@ private Q_SLOTS:
     void statsShowsTotalsChartAndWritesLists();
     void descriptionFollowsTheListWithTheJpegBesideTheUnit();
     void previewShowsTheBmpOfThePageAndDependenciesLoadAndDelete();
+    void engineEditorWritesTheFileAndTheListFollows();
 };
 
 void ToolsWindows::maxVelocityConvertsWhatWasTypedAndUsesTheValues() {
@@ -285,6 +288,35 @@ void ToolsWindows::previewShowsTheBmpOfThePageAndDependenciesLoadAndDelete() {
     ui::frmDep none(*f.state, f.fake.services, f.state->catalogue.wagons[2], false);
     QVERIFY(!none.Form_Load());
     QCOMPARE(f.fake.dialogs.texts().back(), std::string("There are no consists using this unit!"));
+}
+
+void ToolsWindows::engineEditorWritesTheFileAndTheListFollows() {
+    test::MainWindowFixture f;
+    UnitRecord& engine = f.state->catalogue.engines[0];
+    engine.maxPower = "1305kW";
+    engine.couplerFront = "?";
+    f.msts.write("TRAINS/TRAINSET/CLASS37/class37.eng",
+                 "Wagon ( class37\n\tCoupling (\n\t\tType ( Automatic )\n\t)\n)\n"
+                 "Engine ( class37\n\tMaxPower ( 1305kW )\n)\n");
+    ui::frmEngEdit window(engine, f.fake.services);
+    QCOMPARE(window.windowTitle(), QString("Change engine parameters"));
+    QCOMPARE(window.Text2->text(), QString("1305"));
+    QCOMPARE(window.Label4->text(), QString("kW"));
+    QCOMPARE(window.Combo1->currentText(), QString(""));  // "?" leaves the box empty
+    QCOMPARE(window.Combo2->currentText(), QString("Chain"));
+    window.Text1->setText("Class 37/4");
+    window.Text2->clear();
+    QTest::keyClicks(window.Text2, "16x00");
+    window.Combo2->setCurrentText("Bar");
+    QTest::mouseClick(window.Command1, Qt::LeftButton);
+    QCOMPARE(window.result(), int(QDialog::Accepted));
+    const std::string file = test::readWholeFile(f.msts.trainset() + "/CLASS37/class37.eng");
+    QVERIFY(file.find(test::utf16Bytes("MaxPower ( 1600kW )")) != std::string::npos);
+    QVERIFY(file.find(test::utf16Bytes("Type ( Bar )")) != std::string::npos);
+    QVERIFY(file.find(test::utf16Bytes("Name ( \"Class 37/4\" )")) != std::string::npos);
+    QCOMPARE(QString::fromStdString(engine.maxPower), QString("1600kW"));
+    QCOMPARE(QString::fromStdString(engine.couplerRear), QString("B"));
+    QCOMPARE(QString::fromStdString(engine.couplerFront), QString("?"));
 }
 
 QTEST_MAIN(ToolsWindows)

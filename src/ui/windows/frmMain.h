@@ -150,6 +150,7 @@ private:
     void mnuPicture_Click();
     void mnuPreview_Click();
     void mnuConsUse_Click();
+    void mnuEditUnit_Click();
     // Opens the description window (free) following the list named, "locList" or "wagList".
     void showDescription(const QString& list);
     // The description window, when it is open, follows a click in a catalogue list.

@@ -80,6 +80,7 @@ void frmMain::connectMenus() {
     both(mnuPicture, nullptr, &frmMain::mnuPicture_Click);
     both(mnuPreview, nullptr, &frmMain::mnuPreview_Click);
     both(mnuConsUse, "dependencies", &frmMain::mnuConsUse_Click);
+    both(mnuEditUnit, nullptr, &frmMain::mnuEditUnit_Click);
     connect(toolbarButton(this, "random"), &QAction::triggered, this, &frmMain::tbrRandom_Click);
     both(mnuSteam, nullptr, &frmMain::mnuSteam_Click);
     both(mnuDiesel, nullptr, &frmMain::mnuDiesel_Click);
@@ -104,8 +105,7 @@ void frmMain::connectMenus() {
 // so that no key reaches them), and so is a menu left with nothing in it; the guide marks them
 // as coming.
 void frmMain::enableBuiltEntries() {
-    std::vector<QAction*> notYet = {mnuEditUnit,   mnuEditFile, mnuLoose,
-                                    mnuActivities, mnu3D,       mnuActsUse};
+    std::vector<QAction*> notYet = {mnuEditFile, mnuLoose, mnuActivities, mnu3D, mnuActsUse};
     for (const char* key : {"activity", "3dview", "activitydependencies", "loose"})
         notYet.push_back(toolbarButton(this, key));
     for (QAction* entry : notYet) {

@@ -1,5 +1,6 @@
 // The main window's handlers that open the tools' windows.
 #include "core/msts/unit_list.h"
+#include "core/platform/text_utf.h"
 #include "ui/support/handler_guard.h"
 #include "ui/widgets/unit_list_view.h"
 #include "ui/windows/frmBigOnes.h"
@@ -11,6 +12,7 @@
 #include "ui/windows/frmRand.h"
 #include "ui/windows/frmStats.h"
 #include "ui/windows/qt_services.h"
+#include "ui/windows/unit_edit_window.h"
 
 namespace rakeyard::ui {
 
@@ -105,6 +107,42 @@ void frmMain::mnuConsUse_Click() {
         if (window.Form_Load()) window.exec();
     });
     refreshPics();
+}
+
+// The unit selected in the list with the input focus (the engines unless the wagon list has
+// it) is edited in its own window; its list line follows the new values.
+void frmMain::mnuEditUnit_Click() {
+    runGuarded(services_.dialogs, [&] {
+        const bool isEngine = !wagList->hasFocus();
+        const std::string line = stdString((isEngine ? locList : wagList)->currentLine());
+        if (line.empty()) {
+            services_.dialogs.report(
+                isEngine ? "You must select an engine from the list."
+                         : "You must select a wagon from the list.",
+                Icon::Information,
+                isEngine ? "Change engine parameters" : "Change wagon parameters");
+            return;
+        }
+        const auto used =
+            usedRecords(state_.catalogue, isEngine ? UnitClass::Engine : UnitClass::Wagon);
+        const auto index = findUnitByKey(used, trimBlanks(keyOfLine(line)), KeyCase::Exact);
+        if (!index) {
+            services_.dialogs.report(
+                isEngine ? "This engine could not be found" : "This wagon could not be found",
+                Icon::Stop);
+            return;
+        }
+        UnitRecord& unit =
+            isEngine ? state_.catalogue.engines[*index] : state_.catalogue.wagons[*index];
+        if (isEngine) {
+            frmEngEdit window(unit, services_, this);
+            window.exec();
+        } else {
+            frmWagEdit window(unit, services_, this);
+            window.exec();
+        }
+        showUnitLists();
+    });
 }
 
 }  // namespace rakeyard::ui
