@@ -12,10 +12,7 @@
 #include "core/consist/editing.h"
 
 namespace rakeyard::cli {
-namespace {
 
-// Loads the consist an argument names into the editor's state, the loader telling what went
-// wrong. A missing file is Failed here: the command line does not offer to create one.
 LoadOutcome loadNamedConsist(CliContext& context, const std::string& argument) {
     AppState& state = *context.state;
     const std::string path = consistPathOf(context.fs, state.paths, argument);
@@ -28,6 +25,8 @@ LoadOutcome loadNamedConsist(CliContext& context, const std::string& argument) {
     return loadConsistFile(state, context.services);
 }
 
+namespace {
+
 // The slots that hold a unit, 0..299.
 std::vector<int> usedSlots(const ConsistState& consist) {
     std::vector<int> used;
@@ -36,6 +35,21 @@ std::vector<int> usedSlots(const ConsistState& consist) {
     }
     return used;
 }
+
+std::string padded(std::string text, std::size_t width) {
+    if (text.size() < width) text.resize(width, ' ');
+    return text;
+}
+
+// Prints the warnings the main window would blink in Label2.
+void printPendingWarning(CliContext& context) {
+    std::string& warning = context.state->consist.pendingWarning;
+    if (warning.empty()) return;
+    context.dialogs.report(warning, Icon::Exclamation);
+    warning.clear();
+}
+
+}  // namespace
 
 Json consistJson(const ConsistState& consist) {
     const ConsistTotals& totals = consist.totals;
@@ -56,11 +70,6 @@ Json consistJson(const ConsistState& consist) {
                 {"impTons", totals.impTons},
                 {"wagons", totals.wagons},
                 {"slots", std::move(slots)}};
-}
-
-std::string padded(std::string text, std::size_t width) {
-    if (text.size() < width) text.resize(width, ' ');
-    return text;
 }
 
 void printConsist(const ConsistState& consist) {
@@ -88,15 +97,6 @@ void printConsist(const ConsistState& consist) {
     std::fputs(text.c_str(), stdout);
 }
 
-// Prints the warnings the main window would blink in Label2.
-void printPendingWarning(CliContext& context) {
-    std::string& warning = context.state->consist.pendingWarning;
-    if (warning.empty()) return;
-    context.dialogs.report(warning, Icon::Exclamation);
-    warning.clear();
-}
-
-// Saves the consist under name; kExitFound when the save refused.
 int saveAs(CliContext& context, const std::string& name) {
     context.state->consist.header.fileName = consistFileBoxText(name);
     const SaveResult saved = saveConsist(*context.state, context.services);
@@ -105,8 +105,6 @@ int saveAs(CliContext& context, const std::string& name) {
                                Icon::Exclamation);
     return saved ? kExitDone : kExitFound;
 }
-
-}  // namespace
 
 int runConsistShow(CliContext& context, CommandArguments& arguments) {
     const std::vector<std::string> operands = arguments.operands();

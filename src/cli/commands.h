@@ -2,6 +2,8 @@
 #include <string_view>
 
 #include "cli/cli_context.h"
+#include "cli/cli_json.h"
+#include "core/consist/consist_reader.h"
 
 namespace rakeyard::cli {
 
@@ -32,6 +34,26 @@ int runAliasEngine(CliContext& context, CommandArguments& arguments);
 int runAliasCabFolder(CliContext& context, CommandArguments& arguments);
 int runAliasSoundFolder(CliContext& context, CommandArguments& arguments);
 int runAliasRestore(CliContext& context, CommandArguments& arguments);
+
+int runToolsMaxVelocity(CliContext& context, CommandArguments& arguments);
+
+// Loads the consist an argument names (a path, or a name in the Consists folder) into the
+// editor's state, the loader telling what went wrong. A missing file is Failed here: the
+// command line does not offer to create one.
+LoadOutcome loadNamedConsist(CliContext& context, const std::string& argument);
+
+int runToolsRandom(CliContext& context, CommandArguments& arguments);
+int runToolsBigOnes(CliContext& context, CommandArguments& arguments);
+int runToolsStats(CliContext& context, CommandArguments& arguments);
+int runUnitDescribe(CliContext& context, CommandArguments& arguments);
+int runUnitConsists(CliContext& context, CommandArguments& arguments);
+int runUnitEdit(CliContext& context, CommandArguments& arguments);
+
+// The consist under edit as `consist show` prints it, and as its --json gives it.
+void printConsist(const ConsistState& consist);
+Json consistJson(const ConsistState& consist);
+// Saves the consist under name, in the Consists folder; kExitFound when the save refused.
+int saveAs(CliContext& context, const std::string& name);
 
 // Reports a usage error of a command and returns kExitUsage.
 int usageError(CliContext& context, std::string_view text);

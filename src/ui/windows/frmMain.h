@@ -1,11 +1,13 @@
 #pragma once
 #include <QMainWindow>
+#include <QPointer>
 #include <array>
 #include <functional>
 #include <string_view>
 
 #include "core/app/app_state.h"
 #include "core/platform/services.h"
+#include "core/tools/random_consist.h"
 
 class QAction;
 class QKeyEvent;
@@ -22,6 +24,8 @@ namespace rakeyard::ui {
 class SlotPicture;
 class UnitListView;
 class QtStartUpWindows;
+class frmDesc;
+class frmPreview;
 
 // The main window: the two catalogue lists, the consist strip of six slots with its header
 // boxes and totals, the menus and the toolbar.
@@ -139,6 +143,19 @@ private:
     void mnuMissing_Click();
     void mnuActivities_Click();
     void mnuAliasing_Click();
+    // The tools' windows (frmMain_tools.cpp).
+    void mnuMaxvel_Click();
+    void tbrRandom_Click();
+    void mnuBigones_Click();
+    void mnuAllocated_Click();
+    void mnuPicture_Click();
+    void mnuPreview_Click();
+    void mnuConsUse_Click();
+    void mnuEditUnit_Click();
+    // Opens the description window (free) following the list named, "locList" or "wagList".
+    void showDescription(const QString& list);
+    // The description window, when it is open, follows a click in a catalogue list.
+    void followInDescription(const QString& list);
     void mnuSteam_Click();
     void mnuDiesel_Click();
     void mnuElectric_Click();
@@ -206,6 +223,9 @@ private:
 
     AppState& state_;
     Services& services_;
+    RandomSource random_;  // one sequence for the whole run of the program
+    QPointer<frmDesc> desc_;
+    QPointer<frmPreview> preview_;
     std::unique_ptr<QtStartUpWindows> startUpWindows_;
     bool updatingControls_ = false;  // set while the window writes its own boxes
     bool unloading_ = false;

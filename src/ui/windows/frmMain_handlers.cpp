@@ -26,12 +26,14 @@
 #include "ui/windows/frm3DViewer.h"
 #include "ui/windows/frmAbout.h"
 #include "ui/windows/frmAct.h"
+#include "ui/windows/frmDesc.h"
 #include "ui/windows/frmDiag.h"
 #include "ui/windows/frmEditor.h"
 #include "ui/windows/frmHelp.h"
 #include "ui/windows/frmLoadCon.h"
 #include "ui/windows/frmMain.h"
 #include "ui/windows/frmPath.h"
+#include "ui/windows/frmPreview.h"
 #include "ui/windows/frmQtd.h"
 #include "ui/windows/frmScrshots.h"
 #include "ui/windows/frmWait.h"
@@ -74,6 +76,14 @@ void frmMain::connectMenus() {
     both(mnuMissing, "test", &frmMain::mnuMissing_Click);
     both(mnuActivities, "activity", &frmMain::mnuActivities_Click);
     both(mnuAliasing, "alias", &frmMain::mnuAliasing_Click);
+    both(mnuMaxvel, nullptr, &frmMain::mnuMaxvel_Click);
+    both(mnuBigones, nullptr, &frmMain::mnuBigones_Click);
+    both(mnuAllocated, nullptr, &frmMain::mnuAllocated_Click);
+    both(mnuPicture, nullptr, &frmMain::mnuPicture_Click);
+    both(mnuPreview, nullptr, &frmMain::mnuPreview_Click);
+    both(mnuConsUse, "dependencies", &frmMain::mnuConsUse_Click);
+    both(mnuEditUnit, nullptr, &frmMain::mnuEditUnit_Click);
+    connect(toolbarButton(this, "random"), &QAction::triggered, this, &frmMain::tbrRandom_Click);
     both(mnuSteam, nullptr, &frmMain::mnuSteam_Click);
     both(mnuDiesel, nullptr, &frmMain::mnuDiesel_Click);
     both(mnuElectric, nullptr, &frmMain::mnuElectric_Click);
@@ -97,10 +107,8 @@ void frmMain::connectMenus() {
 // so that no key reaches them), and so is a menu left with nothing in it; the guide marks them
 // as coming.
 void frmMain::enableBuiltEntries() {
-    std::vector<QAction*> notYet = {
-        mnuEditUnit, mnuEditFile, mnuLoose,  mnuPreview,   mnu3D,     mnuPicture,
-        mnuConsUse,  mnuActsUse,  mnuMaxvel, mnuAllocated, mnuBigones};
-    for (const char* key : {"random", "3dview", "activitydependencies", "dependencies", "loose"})
+    std::vector<QAction*> notYet = {mnuEditFile, mnuLoose, mnu3D, mnuActsUse};
+    for (const char* key : {"3dview", "activitydependencies", "loose"})
         notYet.push_back(toolbarButton(this, key));
     for (QAction* entry : notYet) {
         entry->setEnabled(false);
@@ -342,6 +350,7 @@ void frmMain::mnuShowPic_Click() {
 
 void frmMain::showStoredOptions() {
     mnuShowPic->setChecked(trimmedValue(state_.settings.showDescription) == "on");
+    if (mnuShowPic->isChecked() && !desc_) showDescription("locList");
 }
 
 // ---- Help ----

@@ -158,16 +158,20 @@ void frmMain::showUnitInStatusBar(UnitListView* list, bool engines) {
 
 void frmMain::locList_Click() {
     runGuarded(services_.dialogs, [&] { showUnitInStatusBar(locList, true); });
+    followInDescription("locList");
 }
 
 void frmMain::wagList_Click() {
     runGuarded(services_.dialogs, [&] { showUnitInStatusBar(wagList, false); });
+    followInDescription("wagList");
 }
 
-// Ctrl with the left button opens the unit's file in the text editor. The right button is
-// for the description window, which the program does not have yet.
+// Ctrl with the left button opens the unit's file in the text editor; the right button shows
+// the selected unit in the description window.
 void frmMain::locList_MouseDown(Qt::MouseButton button, Qt::KeyboardModifiers shift,
                                 const QString& line) {
+    if (button == Qt::RightButton && !locList->currentLine().isEmpty())
+        return showDescription("locList");
     if (button != Qt::LeftButton || !(shift & Qt::ControlModifier) || line.isEmpty()) return;
     runGuarded(services_.dialogs, [&] {
         (void)openUnitInEditor(state_.paths, enginesOf(state_), stdString(line), services_);
@@ -176,6 +180,8 @@ void frmMain::locList_MouseDown(Qt::MouseButton button, Qt::KeyboardModifiers sh
 
 void frmMain::wagList_MouseDown(Qt::MouseButton button, Qt::KeyboardModifiers shift,
                                 const QString& line) {
+    if (button == Qt::RightButton && !wagList->currentLine().isEmpty())
+        return showDescription("wagList");
     if (button != Qt::LeftButton || !(shift & Qt::ControlModifier) || line.isEmpty()) return;
     runGuarded(services_.dialogs, [&] {
         (void)openUnitInEditor(state_.paths, wagonsOf(state_), stdString(line), services_);
