@@ -86,8 +86,7 @@ void MainWindow::toolbarButtonsCarryTheirToolTips() {
 void MainWindow::entriesOfWindowsNotBuiltAreHidden() {
     MainWindowFixture f;
     for (const char* name :
-         {"mnuEditFile", "mnuLoose", "mnu3D", "mnuActsUse", "tbr_3dview",
-          "tbr_activitydependencies", "tbr_loose"}) {
+         {"mnuEditFile", "mnuLoose", "mnuActsUse", "tbr_activitydependencies", "tbr_loose"}) {
         QVERIFY2(!f.window->findChild<QAction*>(name)->isEnabled(), name);
         QVERIFY2(!f.window->findChild<QAction*>(name)->isVisible(), name);
     }

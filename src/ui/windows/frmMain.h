@@ -142,6 +142,7 @@ private:
     void mnuUnicode_Click();
     void mnuMissing_Click();
     void mnuActivities_Click();
+    void mnu3D_Click();
     void mnuAliasing_Click();
     // The tools' windows (frmMain_tools.cpp).
     void mnuMaxvel_Click();

@@ -75,6 +75,7 @@ void frmMain::connectMenus() {
     both(mnuUnicode, nullptr, &frmMain::mnuUnicode_Click);
     both(mnuMissing, "test", &frmMain::mnuMissing_Click);
     both(mnuActivities, "activity", &frmMain::mnuActivities_Click);
+    both(mnu3D, "3dview", &frmMain::mnu3D_Click);
     both(mnuAliasing, "alias", &frmMain::mnuAliasing_Click);
     both(mnuMaxvel, nullptr, &frmMain::mnuMaxvel_Click);
     both(mnuBigones, nullptr, &frmMain::mnuBigones_Click);
@@ -107,8 +108,8 @@ void frmMain::connectMenus() {
 // so that no key reaches them), and so is a menu left with nothing in it; the guide marks them
 // as coming.
 void frmMain::enableBuiltEntries() {
-    std::vector<QAction*> notYet = {mnuEditFile, mnuLoose, mnu3D, mnuActsUse};
-    for (const char* key : {"3dview", "activitydependencies", "loose"})
+    std::vector<QAction*> notYet = {mnuEditFile, mnuLoose, mnuActsUse};
+    for (const char* key : {"activitydependencies", "loose"})
         notYet.push_back(toolbarButton(this, key));
     for (QAction* entry : notYet) {
         entry->setEnabled(false);

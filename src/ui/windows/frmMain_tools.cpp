@@ -1,6 +1,7 @@
 // The main window's handlers that open the tools' windows.
 #include "core/msts/unit_list.h"
 #include "core/platform/text_utf.h"
+#include "core/tools/shape_viewer.h"
 #include "ui/support/handler_guard.h"
 #include "ui/widgets/unit_list_view.h"
 #include "ui/windows/frmBigOnes.h"
@@ -90,6 +91,15 @@ void frmMain::mnuPreview_Click() {
 
 // The consists that use the unit selected in the list with the input focus (the engines unless
 // the wagon list has it).
+// The shape of the unit selected in the list with the input focus, in the shape viewer.
+void frmMain::mnu3D_Click() {
+    runGuarded(services_.dialogs, [&] {
+        const bool engines = !wagList->hasFocus();
+        (void)TriDviewer(state_.paths, state_.catalogue, services_, engines,
+                         stdString((engines ? locList : wagList)->currentLine()));
+    });
+}
+
 void frmMain::mnuConsUse_Click() {
     runGuarded(services_.dialogs, [&] {
         const bool isEngine = !wagList->hasFocus();
