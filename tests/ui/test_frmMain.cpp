@@ -129,6 +129,12 @@ void MainWindow::listsShowTheCatalogueWithCounts() {
     QVERIFY(f.window->locList->lineOfRow(0).endsWith("^4f.eng"));
     f.window->wagList->setCurrentRow(0);
     QCOMPARE(f.window->StatusBar1->text().endsWith(" -- Brake coach"), true);
+
+    // The edit icon beside a list edits that list's unit, wherever the focus stood.
+    f.window->wagList->setCurrentRow(-1);
+    f.window->locList->setFocus();
+    QTest::mouseClick(f.window->Image4, Qt::LeftButton);
+    QCOMPARE(f.fake.dialogs.texts().back(), std::string("You must select a wagon from the list."));
 }
 
 void MainWindow::searchBoxNarrowsSixThousandEnginesAsOneTypes() {

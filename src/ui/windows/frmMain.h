@@ -89,6 +89,8 @@ public:
     QLabel* lblWagFilter;
     QPushButton* Command1;
     QPushButton* Command2;
+    QPushButton* Image3;  // edits the engine selected in locList
+    QPushButton* Image4;  // edits the wagon selected in wagList
 
     // Consist strip.
     std::array<SlotPicture*, 6> Picture1{};
@@ -143,6 +145,7 @@ private:
     void mnuMissing_Click();
     void mnuActivities_Click();
     void mnu3D_Click();
+    void editUnit(bool isEngine);
     void mnuAliasing_Click();
     // The tools' windows (frmMain_tools.cpp).
     void mnuMaxvel_Click();

@@ -76,6 +76,9 @@ void frmMain::connectMenus() {
     both(mnuMissing, "test", &frmMain::mnuMissing_Click);
     both(mnuActivities, "activity", &frmMain::mnuActivities_Click);
     both(mnu3D, "3dview", &frmMain::mnu3D_Click);
+    // The icon beside a list edits that list's unit.
+    connect(Image3, &QPushButton::clicked, this, [this] { editUnit(true); });
+    connect(Image4, &QPushButton::clicked, this, [this] { editUnit(false); });
     both(mnuAliasing, "alias", &frmMain::mnuAliasing_Click);
     both(mnuMaxvel, nullptr, &frmMain::mnuMaxvel_Click);
     both(mnuBigones, nullptr, &frmMain::mnuBigones_Click);

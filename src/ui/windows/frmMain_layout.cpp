@@ -77,9 +77,17 @@ QWidget* frmMain::buildListsRow() {
     Command2->setIcon(refresh);
     Command1->setAccessibleName("Refresh engines list");
     Command2->setAccessibleName("Refresh wagons list");
+    const QIcon edit = style()->standardIcon(QStyle::SP_FileDialogDetailedView);
+    Image3 = smallButton("Image3", QString(), "Change this engine's parameters", row);
+    Image4 = smallButton("Image4", QString(), "Change this wagon's parameters", row);
+    Image3->setIcon(edit);
+    Image4->setIcon(edit);
+    Image3->setAccessibleName("Change engine parameters");
+    Image4->setAccessibleName("Change wagon parameters");
     lblLocFilter = named(new QLabel(row), "lblLocFilter");
     lblWagFilter = named(new QLabel(row), "lblWagFilter");
-    auto header = [&](const QString& caption, QLabel* count, QLabel* filter, QPushButton* button) {
+    auto header = [&](const QString& caption, QLabel* count, QLabel* filter, QPushButton* edit,
+                      QPushButton* button) {
         auto* line = new QHBoxLayout();
         auto* title = new QLabel(caption, row);
         QFont bold = title->font();
@@ -91,11 +99,12 @@ QWidget* frmMain::buildListsRow() {
         line->addSpacing(12);
         line->addWidget(filter);
         line->addStretch(1);
+        line->addWidget(edit);
         line->addWidget(button);
         return line;
     };
-    grid->addLayout(header("Engines:", Label3, lblLocFilter, Command1), 0, 0);
-    grid->addLayout(header("Wagons:", Label4, lblWagFilter, Command2), 0, 1);
+    grid->addLayout(header("Engines:", Label3, lblLocFilter, Image3, Command1), 0, 0);
+    grid->addLayout(header("Wagons:", Label4, lblWagFilter, Image4, Command2), 0, 1);
     grid->addWidget(txtLocSearch, 1, 0);
     grid->addWidget(txtWagSearch, 1, 1);
     grid->addWidget(locList, 2, 0);

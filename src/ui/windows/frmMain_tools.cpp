@@ -122,8 +122,11 @@ void frmMain::mnuConsUse_Click() {
 // The unit selected in the list with the input focus (the engines unless the wagon list has
 // it) is edited in its own window; its list line follows the new values.
 void frmMain::mnuEditUnit_Click() {
+    editUnit(!wagList->hasFocus());
+}
+
+void frmMain::editUnit(bool isEngine) {
     runGuarded(services_.dialogs, [&] {
-        const bool isEngine = !wagList->hasFocus();
         const std::string line = stdString((isEngine ? locList : wagList)->currentLine());
         if (line.empty()) {
             services_.dialogs.report(
