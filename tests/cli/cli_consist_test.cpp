@@ -227,7 +227,7 @@ TEST_F(ConsistCommands, AConsistNotLoadedWholeIsShownWithStatus1AndNeverCopied) 
 std::map<std::string, std::string> filesUnder(const std::string& root) {
     std::map<std::string, std::string> files;
     for (const auto& entry : std::filesystem::recursive_directory_iterator(root))
-        if (entry.is_regular_file()) files[entry.path().string()] = readWholeFile(entry.path());
+        if (entry.is_regular_file()) files[entry.path().string()] = readWholeFile(entry.path().string());
     return files;
 }
 

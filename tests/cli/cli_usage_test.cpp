@@ -3,10 +3,10 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <cstdlib>
 #include <filesystem>
 
 #include "cli/cli_runner.h"
+#include "core/platform/system.h"
 #include "support/msts_tree.h"
 
 namespace rakeyard::test {
@@ -114,9 +114,9 @@ TEST(CliUsage, ASettingsRecordThatCannotBeWrittenEndsWithAnErrorStatus) {
 
 TEST(CliUsage, TheProgramFolderComesFromRakeyardHomeWithoutHome) {
     MstsTree msts;
-    ::setenv("RAKEYARD_HOME", msts.home().c_str(), 1);
+    sys::setEnvironment("RAKEYARD_HOME", msts.home());
     const CliRun run = runCli({"--msts", msts.msts(), "catalogue", "engines"});
-    ::unsetenv("RAKEYARD_HOME");
+    sys::setEnvironment("RAKEYARD_HOME", "");
     EXPECT_EQ(run.status, 0) << run.err;
     EXPECT_TRUE(std::filesystem::exists(msts.home() + "/settings.bin"));
 }

@@ -1,9 +1,10 @@
 #include "support/msts_tree.h"
 
-#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <mutex>
+#include <random>
 #include <stdexcept>
 
 #include "core/platform/text_utf.h"
@@ -13,9 +14,18 @@ namespace fs = std::filesystem;
 namespace rakeyard::test {
 
 TempFolder::TempFolder() {
-    std::string pattern = (fs::temp_directory_path() / "rakeyard-test-XXXXXX").string();
-    if (!mkdtemp(pattern.data())) throw std::runtime_error("cannot make a temporary folder");
-    path_ = pattern;
+    static std::mt19937_64 random{std::random_device{}()};
+    static std::mutex randomMutex;
+    const fs::path temp = fs::temp_directory_path();
+    for (int attempt = 0; attempt < 100 && path_.empty(); ++attempt) {
+        std::unique_lock lock(randomMutex);
+        const std::string name = "rakeyard-test-" + std::to_string(random() % 1000000000);
+        lock.unlock();
+        std::error_code ec;
+        // Made only when it was not there: another test's folder is never shared.
+        if (fs::create_directory(temp / name, ec)) path_ = (temp / name).string();
+    }
+    if (path_.empty()) throw std::runtime_error("cannot make a temporary folder");
 }
 
 TempFolder::~TempFolder() {
