@@ -35,7 +35,7 @@ TempFolder::~TempFolder() {
 }
 
 std::string TempFolder::operator/(std::string_view relative) const {
-    return (fs::path(path_) / fs::path(relative)).string();
+    return (fs::path(path_) / fs::path(relative)).make_preferred().string();
 }
 
 MstsTree::MstsTree() {

@@ -230,10 +230,21 @@ int syncFile(std::FILE* file) {
 void syncFolder(const std::string&) {}  // MOVEFILE_WRITE_THROUGH has made the move durable
 
 std::error_code replaceFile(const std::string& from, const std::string& to) {
-    if (MoveFileExW(widen(from).c_str(), widen(to).c_str(),
-                    MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH))
-        return {};
-    return std::error_code(static_cast<int>(GetLastError()), std::system_category());
+    const std::wstring source = widen(from);
+    const std::wstring target = widen(to);
+    DWORD error = 0;
+    // A target that another program has open for a moment (a second writer's move, a virus
+    // scanner) refuses to be replaced until it is closed: the move is tried again for a while.
+    for (int attempt = 0; attempt < 100; ++attempt) {
+        if (MoveFileExW(source.c_str(), target.c_str(),
+                        MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH))
+            return {};
+        error = GetLastError();
+        if (error != ERROR_ACCESS_DENIED && error != ERROR_SHARING_VIOLATION) break;
+        if (GetFileAttributesW(target.c_str()) & FILE_ATTRIBUTE_DIRECTORY) break;
+        Sleep(10);
+    }
+    return std::error_code(static_cast<int>(error), std::system_category());
 }
 
 std::FILE* openUnnamedFile(const std::string&, int& error) {
