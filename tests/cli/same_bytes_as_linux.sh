@@ -23,13 +23,18 @@ for side in linux windows; do
         run_$side catalogue wagons
         run_$side consist new "Vlak č 日本" RY_Class37 RY_Coal16t eng:RY_Class20
         run_$side consist copy RY_Coal_Up "RY Coal copy"
-        run_$side unicode convert
-    } > "$work/$side.out"
+    } > "$work/$side.out" 2> "$work/$side.err"
+    # The files converted, each a line, with the paths of the platform below its own folder.
+    run_$side unicode convert 2>> "$work/$side.err" | tr '\\' / | sed "s|^.*$work/$side/msts||" \
+        > "$work/$side.converted"
 done
 
 status=0
 cmp "$work/linux.out" "$work/windows.out" || status=1
+cmp "$work/linux.converted" "$work/windows.converted" || status=1
+[ -s "$work/linux.converted" ] || { echo "nothing converted"; status=1; }
 diff -r "$work/linux/msts" "$work/windows/msts" || status=1
 [ -f "$work/linux/msts/TRAINS/CONSISTS/Vlak č 日本.con" ] || { echo "no consist made"; status=1; }
 echo "stdout: $(wc -c < "$work/linux.out") bytes, files: $(find "$work/linux/msts" -type f | wc -l)"
+[ $status -eq 0 ] || cat "$work/linux.err" "$work/windows.err"
 exit $status

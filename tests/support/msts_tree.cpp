@@ -78,13 +78,31 @@ std::string MstsTree::writeBytes(std::string_view relative, std::string_view byt
     fs::create_directories(path.parent_path());
     std::ofstream out(path, std::ios::binary | std::ios::trunc);
     out.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
-    return path.string();
+    return fs::path(path).make_preferred().string();
 }
 
 std::string MstsTree::writeProgram(std::string_view relative) {
     const std::string path = writeBytes(relative, "#!/bin/sh\n");
     fs::permissions(path, fs::perms::owner_exec, fs::perm_options::add);
     return path;
+}
+
+bool keepsCaseApart(const std::string& folder) {
+    const fs::path probe = fs::path(folder) / "case-probe";
+    std::ofstream{probe};
+    const bool apart = !fs::exists(fs::path(folder) / "CASE-PROBE");
+    fs::remove(probe);
+    return apart;
+}
+
+bool renamesCase(const std::string& folder) {
+    std::ofstream{fs::path(folder) / "case-probe"};
+    fs::rename(fs::path(folder) / "case-probe", fs::path(folder) / "CASE-PROBE");
+    bool renamed = false;
+    for (const auto& entry : fs::directory_iterator(folder))
+        renamed = renamed || entry.path().filename() == "CASE-PROBE";
+    fs::remove(fs::path(folder) / "CASE-PROBE");
+    return renamed;
 }
 
 std::string readWholeFile(const std::string& path) {

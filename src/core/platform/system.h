@@ -82,7 +82,8 @@ void openUrl(std::string_view url);
 [[nodiscard]] std::filesystem::path fsPath(std::string_view path);
 [[nodiscard]] std::string utf8Path(const std::filesystem::path& path);
 
-// std::fopen of a UTF-8 path; errno tells why when it returns null.
+// std::fopen of a UTF-8 path ("x" in the mode makes a new file alone, on every system); errno
+// tells why when it returns null.
 [[nodiscard]] std::FILE* openFile(const std::string& path, const char* mode);
 
 // A file open for reading: one open, one look at its size and as few reads as the system

@@ -172,7 +172,16 @@ bool moveToTrash(const std::string& path) {
 }
 
 std::FILE* openFile(const std::string& path, const char* mode) {
-    return _wfopen(widen(path).c_str(), widen(mode).c_str());
+    const std::string_view modeText(mode);
+    if (modeText.find('x') == std::string_view::npos)
+        return _wfopen(widen(path).c_str(), widen(mode).c_str());
+    // The C runtime takes no "x": a new file alone is made through the descriptor's O_EXCL.
+    const int descriptor = _wopen(widen(path).c_str(),
+                                  _O_WRONLY | _O_CREAT | _O_EXCL | _O_BINARY, _S_IREAD | _S_IWRITE);
+    if (descriptor < 0) return nullptr;
+    std::FILE* file = _fdopen(descriptor, "wb");
+    if (!file) _close(descriptor);
+    return file;
 }
 
 bool ReadOnlyFile::open(const std::string& path) {

@@ -43,31 +43,13 @@ void ageFolder(const std::string& folder) {
     fs::last_write_time(folder, fs::file_time_type::clock::now() - std::chrono::hours(1), ec);
 }
 
-// Whether the file system keeps names that differ only in case apart (Linux's do; Windows' and
-// so Wine's take them for one name).
-bool keepsCaseApart(const std::string& folder) {
-    writeText(folder + "/case-probe", "");
-    const bool apart = !fs::exists(folder + "/CASE-PROBE");
-    fs::remove(folder + "/case-probe");
-    return apart;
-}
-
-// Whether a rename that changes only a name's case takes (Wine's leave the old name).
-bool renamesCase(const std::string& folder) {
-    writeText(folder + "/case-probe", "");
-    fs::rename(folder + "/case-probe", folder + "/CASE-PROBE");
-    const std::vector<std::string> names = namesIn(folder);
-    fs::remove(folder + "/CASE-PROBE");
-    return std::find(names.begin(), names.end(), "CASE-PROBE") != names.end();
-}
-
 std::string native(std::string_view path) {
     return nativeSeparators(path);
 }
 
 TEST(ListFolder, SortsByUpperCasedNameThenExactNameSoUnderscoreFollowsLetters) {
     test::TempFolder temp;
-    const bool caseApart = keepsCaseApart(temp.path());
+    const bool caseApart = test::keepsCaseApart(temp.path());
     for (const char* name : {"b", "_x", "A", "a", "Z", "1", "a_b", "ab"})
         writeText(temp / name, name);
     fs::create_directory(temp / "Folder");
@@ -149,7 +131,7 @@ TEST_F(Resolve, MatchesEachPartWithoutRegardToCaseAndWithEitherSeparator) {
 }
 
 TEST_F(Resolve, TakesTheExactNameWhereTwoDifferOnlyInCaseElseTheFirstListed) {
-    if (!keepsCaseApart(temp.path())) GTEST_SKIP() << "this file system takes both for one name";
+    if (!test::keepsCaseApart(temp.path())) GTEST_SKIP() << "this file system takes both for one name";
     const std::string root = temp.path();
     const PathCase cases[] = {
         {root + "/twin/case", "Twin/case"},
@@ -181,7 +163,7 @@ TEST_F(Resolve, EveryOtherMethodFindsTheFileInAnyCase) {
 }
 
 TEST_F(Resolve, SeesAFolderRenamedBehindItsBack) {
-    if (!renamesCase(temp.path())) GTEST_SKIP() << "no rename changes a name's case here";
+    if (!test::renamesCase(temp.path())) GTEST_SKIP() << "no rename changes a name's case here";
     ageFolder(temp / "Trains/Trainset");
     EXPECT_EQ(files.resolve(temp / "trains/trainset/gp38"),
               native(temp.path() + "/Trains/Trainset/GP38"));
@@ -205,8 +187,8 @@ TEST_F(Resolve, SeesWhatItCreatedItself) {
 TEST_F(Resolve, RenameKeepsTheNewNamesCaseAndReplacesOnlyThatExactName) {
     ageFolder(temp / "Trains/Trainset/GP38");
     writeText(temp / "Trains/Trainset/GP38/gp38.eng.bk", "backup");
-    if (!renamesCase(temp.path())) GTEST_SKIP() << "no rename changes a name's case here";
-    const bool caseApart = keepsCaseApart(temp / "Trains/Trainset/GP38");
+    if (!test::renamesCase(temp.path())) GTEST_SKIP() << "no rename changes a name's case here";
+    const bool caseApart = test::keepsCaseApart(temp / "Trains/Trainset/GP38");
     ASSERT_TRUE(files.renameFile(temp / "trains/trainset/gp38/GP38.ENG.BK",
                                  temp / "trains/trainset/gp38/GP38.ENG"));
     std::vector<std::string> names;
