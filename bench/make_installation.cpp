@@ -166,24 +166,45 @@ void writeFile(const std::filesystem::path& path, const std::string& bytes) {
         .write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
 }
 
-// The cab view and sound files an engine names, one in five pointing into another folder as an
-// alias leaves them, so that the aliasing lists have files to look at. They take nothing from the
-// random numbers, so the units are those of the same seed without them.
+// The cab view and sound files an engine names, and the textures and .wav files they name in
+// turn, as many lines as real ones have (a control's graphic or a sound's file line each, a few
+// files shared by many lines). One in five points into another folder as an alias leaves them,
+// so that the aliasing lists have files to look at. They take nothing from the random numbers,
+// so the units are those of the same seed without them.
 void writeCabAndSounds(const std::filesystem::path& folder, const std::string& name,
                        const std::string& text) {
+    constexpr int kLines = 40, kShared = 5;
     const bool aliased = std::hash<std::string>{}(name) % 5 == 0;
     const std::string where = aliased ? "..\\\\..\\\\Common\\\\" : "";
+    const std::filesystem::path common = folder.parent_path() / "Common";
     if (text.find("CabView ( ") != std::string::npos) {
         std::filesystem::create_directories(folder / "CABVIEW");
+        const std::filesystem::path textures = aliased ? common : folder / "CABVIEW";
+        std::filesystem::create_directories(textures);
         std::string cab = "SIMISA@@@@@@@@@@JINX0h0t______\n\nTr_CabViewFile (\n";
-        for (const char* view : {"front", "left", "right"})
+        for (const char* view : {"front", "left", "right"}) {
             cab += "\tCabViewFile ( " + where + name + "_" + view + ".ace )\n";
-        writeFile(folder / "CABVIEW" / (name + ".cvf"), msts(cab + ")\n"));
+            writeFile(textures / (name + "_" + view + ".ace"), "ace");
+        }
+        cab += "\tCabViewControls ( " + std::to_string(kLines) + "\n";
+        for (int i = 0; i < kLines; ++i)
+            cab += "\t\tDial (\n\t\t\tGraphic ( " + where + name + "_dial" +
+                   std::to_string(i % kShared + 1) + ".ace )\n\t\t)\n";
+        for (int i = 0; i < kShared; ++i)
+            writeFile(textures / (name + "_dial" + std::to_string(i + 1) + ".ace"), "ace");
+        writeFile(folder / "CABVIEW" / (name + ".cvf"), msts(cab + "\t)\n)\n"));
     }
     std::filesystem::create_directories(folder / "SOUND");
-    writeFile(folder / "SOUND" / (name + "_eng.sms"),
-              msts("SIMISA@@@@@@@@@@JINX0x1t______\n\nTr_SMS (\n\tFile ( \"" + where + name +
-                   "_idle.wav\" -1 )\n)\n"));
+    const std::filesystem::path sounds = aliased ? common : folder / "SOUND";
+    std::filesystem::create_directories(sounds);
+    std::string sms = "SIMISA@@@@@@@@@@JINX0x1t______\n\nTr_SMS (\n";
+    for (int i = 0; i < kLines; ++i)
+        sms += "\t\t\t\t\tInitial_Trigger ( StartLoopRelease ( 1 File ( \"" + where + name + "_" +
+               std::to_string(i % kShared + 1) + ".wav\" -1 ) SelectionMethod ( "
+               "SequentialSelection ) ) )\n";
+    for (int i = 0; i < kShared; ++i)
+        writeFile(sounds / (name + "_" + std::to_string(i + 1) + ".wav"), "wav");
+    writeFile(folder / "SOUND" / (name + "_eng.sms"), msts(sms + ")\n"));
 }
 
 // Fills one folder with its units and the shape files beside them.

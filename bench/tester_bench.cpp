@@ -1,13 +1,18 @@
 // tester_bench: "test engines --duplicates" against the floor of the files it touches.
 //
-//   tester_bench MSTS_FOLDER [RUNS]
+//   tester_bench MSTS_FOLDER [RUNS] [--all]
 //
 // The catalogue is read once. The run tests every engine under "All" with the duplicate check,
 // writing its reports into a temporary program folder, on one thread, through the core as the
 // CLI does. A first run records every file the test reads and every file whose size it looks
 // up; the floor then reads each of those files whole once and sizes each looked-up one once,
 // on one thread. The two take turns RUNS times (default 5) with the file cache warm, and the
-// medians of wall and CPU time count.
+// medians of wall and CPU time count. The test uses all cores, as the CLI's does.
+//
+// With --all the run tests the engines with their cab views and sounds, then the wagons with
+// their sounds, both with the duplicate check; its floor replays every open (the file read
+// whole each time) and every size lookup in the order the run made them, as cab views and
+// sound definitions named by several units are read again for each.
 #include <cstdio>
 #include <filesystem>
 #include <memory>
@@ -31,31 +36,49 @@ using namespace rakeyard::bench;
 class RecordingFileSystem : public LocalFileSystem {
 public:
     bool recording = false;
-    std::set<std::string> read, sized;
+    std::vector<std::string> read, sized;  // in the order asked, repeats kept
 
     ReadOutcome readFileInto(const std::string& path, std::uintmax_t limit,
                              std::string& bytes) override {
-        if (recording) read.insert(path);
+        note(read, path);
         return LocalFileSystem::readFileInto(path, limit, bytes);
     }
     std::optional<std::uintmax_t> fileSize(const std::string& path) override {
-        if (recording) sized.insert(path);
+        note(sized, path);
         return LocalFileSystem::fileSize(path);
     }
+
+private:
+    // The tests run on several threads.
+    void note(std::vector<std::string>& paths, const std::string& path) {
+        if (!recording) return;
+        std::lock_guard lock(mutex_);
+        paths.push_back(path);
+    }
+    std::mutex mutex_;
 };
 
-long long testAllEngines(AppState& state, Services& services) {
+long long testSection(AppState& state, Services& services, TestSection section, bool all) {
     NoYield host;
     const TestContext context{state.paths, state.catalogue, services, host};
     TestRun run;
-    (void)fillSection(run, context, TestSection::Engines, "All");
+    (void)fillSection(run, context, section, "All");
     selectAllRows(run, true);
     run.duplicates = true;
+    run.cabViews = all;
+    run.sounds = all;
     (void)runTests(run, context);
     return run.counts.errorCount;
 }
 
-std::size_t floorOf(const std::set<std::string>& read, const std::set<std::string>& sized) {
+long long testAll(AppState& state, Services& services, bool all) {
+    long long errors = testSection(state, services, TestSection::Engines, all);
+    if (all) errors += testSection(state, services, TestSection::Wagons, all);
+    return errors;
+}
+
+// Each file read whole and each size looked up, as often as listed.
+std::size_t floorOf(const std::vector<std::string>& read, const std::vector<std::string>& sized) {
     std::vector<char> bytes;
     std::size_t total = 0;
     for (const std::string& path : read)
@@ -67,6 +90,12 @@ std::size_t floorOf(const std::set<std::string>& read, const std::set<std::strin
     return total;
 }
 
+// Each file once.
+void keepFirst(std::vector<std::string>& paths) {
+    std::set<std::string> seen;
+    std::erase_if(paths, [&seen](const std::string& path) { return !seen.insert(path).second; });
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -76,6 +105,7 @@ int main(int argc, char** argv) {
     }
     const std::string msts = std::filesystem::absolute(argv[1]).lexically_normal().string();
     const int runs = argc > 2 ? std::max(1, std::stoi(argv[2])) : 5;
+    const bool all = argc > 3 && std::string(argv[3]) == "--all";
     const std::filesystem::path home =
         std::filesystem::temp_directory_path() / "rakeyard-tester-bench";
     std::filesystem::create_directories(home / "Reports");
@@ -93,19 +123,26 @@ int main(int argc, char** argv) {
     NoDesktop desktop;
     Services services{fs, dialogs, progress, desktop};
     readEngineFiles(state->paths, state->catalogue, services, false, 0);
+    if (all) readWagonFiles(state->paths, state->catalogue, services, false, 0);
 
     fs.recording = true;
-    const long long errors = testAllEngines(*state, services);
+    const long long errors = testAll(*state, services, all);
     fs.recording = false;
+    if (!all) {
+        keepFirst(fs.read);
+        keepFirst(fs.sized);
+    }
     std::size_t bytes = 0;
     std::vector<Timings> contenders = {
         {"floor, 1 thread", [&] { bytes = floorOf(fs.read, fs.sized); }},
-        {"test, 1 thread", [&] { (void)testAllEngines(*state, services); }},
+        {"test", [&] { (void)testAll(*state, services, all); }},
     };
     std::printf("installation: %s\n", msts.c_str());
     runAndPrint(contenders, runs, false);
     std::filesystem::remove_all(home);
-    std::printf("engines: %zu; files read: %zu; files sized: %zu; bytes: %zu; errors: %lld\n",
-                state->catalogue.engineCount, fs.read.size(), fs.sized.size(), bytes, errors);
+    std::printf("engines: %zu; wagons: %zu; files read: %zu; files sized: %zu; bytes: %zu; "
+                "errors: %lld\n",
+                state->catalogue.engineCount, all ? state->catalogue.wagonCount : 0,
+                fs.read.size(), fs.sized.size(), bytes, errors);
     return 0;
 }

@@ -33,7 +33,7 @@ TEST_F(AliasCommands, ListShowsTheThreeListsOfTheSamples) {
     const CliRun list = run({"alias", "list", "--json"});
     EXPECT_EQ(list.status, 0) << list.err;
     const nlohmann::json lists = nlohmann::json::parse(list.out);
-    EXPECT_EQ(lists["notAliased"], nlohmann::json({"RY_Class20.eng", "RY_Class25.eng"}));
+    EXPECT_EQ(lists["notAliased"], nlohmann::json({"RY_CabSound.eng", "RY_Class20.eng", "RY_Class25.eng"}));
     EXPECT_EQ(lists["cabSources"].front(), "-- NO ALIAS --");
     EXPECT_THAT(lists["cabSources"].dump(), HasSubstr("RY_Class37.eng"));
     EXPECT_THAT(lists["soundSources"].dump(), Not(HasSubstr("RY_Class25")));  // aliased

@@ -18,9 +18,15 @@ using ::testing::IsEmpty;
 class TestEngines : public ::testing::Test {
 protected:
     TestEngines() : msts(copySamples(folder.path())), home(folder / "home") {}
-    CliRun test(std::vector<std::string> words) {
-        words.insert(words.begin(), {"--home", home, "--msts", msts, "--yes", "test", "engines"});
+    CliRun test(std::vector<std::string> words, const std::string& section = "engines") {
+        words.insert(words.begin(), {"--home", home, "--msts", msts, "--yes", "test", section});
         return runCli(words);
+    }
+    nlohmann::json counts(std::vector<std::string> words, const std::string& section) {
+        words.push_back("--json");
+        const CliRun run = test(words, section);
+        EXPECT_EQ(run.status, 1) << run.err;
+        return nlohmann::json::parse(run.out);
     }
     std::string report(const std::string& name) const {
         return readWholeFile(home + "/Reports/" + name);
@@ -80,6 +86,56 @@ TEST_F(TestEngines, NamesPickTheirRowsInAnyCaseAndAnUnknownOneIsBadUsage) {
     EXPECT_EQ(unknown.status, 2);
     EXPECT_THAT(unknown.err, HasSubstr("error: no engine RY_Nowhere"));
     EXPECT_THAT(unknown.out, IsEmpty());
+}
+
+// The sample's cab views, sounds, wagons and consists: each finding is one of the faults the
+// sample was given.
+TEST_F(TestEngines, CabViewsSoundsWagonsAndConsistsOfTheSample) {
+    const nlohmann::json engines = counts({"--cab", "--sound", "RY_CabSound", "RY_SoundLine",
+                                           "RY_Class25", "RY_Class37"},
+                                          "engines");
+    // Two missing textures, the Sound line's quotes and its missing definition, a missing .wav,
+    // one unquoted and a missing second file, the CabView line's parenthesis and cab view.
+    EXPECT_EQ(engines["categories"]["Cabview"], 4);
+    EXPECT_EQ(engines["categories"]["Sounds"], 5);
+    EXPECT_THAT(report("EngSounds.txt"), testing::Not(HasSubstr("RY_whistle.wav")));
+
+    const nlohmann::json wagons = counts({"--sound"}, "wagons");
+    EXPECT_EQ(wagons["categories"]["Sounds"], 2);
+    EXPECT_EQ(wagons["categories"]["Others"], 1);
+    EXPECT_THAT(report("WagSyntax.txt"), HasSubstr("RY_WAGHEAD.WAG"));
+
+    const nlohmann::json consists = counts({}, "consists");
+    EXPECT_EQ(consists["failed"],
+              nlohmann::json({"RY_Broken_Lines.con", "RY_Hidden_Unit.con", "RY_Missing_Loco.con",
+                              "RY_Shunt_8bit.con", "RY_Three_Missing.con"}));
+    EXPECT_THAT(report("ConMissing.txt"), HasSubstr("RY_Class08.eng"));
+    // Units below a line that needed quotes are not looked at.
+    EXPECT_THAT(report("ConMissing.txt"), testing::Not(HasSubstr("RY_Broken_Lines")));
+    EXPECT_THAT(report("ConMissing.txt"), testing::Not(HasSubstr("RY_Hidden_Unit")));
+
+    const CliRun cabForWagons = test({"--cab"}, "wagons");
+    EXPECT_EQ(cabForWagons.status, 2);
+    const CliRun oneConsist = test({"ry_quote_forms"}, "consists");
+    EXPECT_EQ(oneConsist.status, 0) << oneConsist.out;
+}
+
+// Consists of a published timetable whose units are not installed: every unit is missing.
+TEST(TestConsistsRealContent, UnitsThatAreNotInstalledAreMissing) {
+    const std::filesystem::path consists =
+        std::filesystem::path(RAKEYARD_REALDATA_DIR) /
+        "YoRyan_openrails-timetables/TRAINS/CONSISTS";
+    if (!std::filesystem::is_directory(consists)) GTEST_SKIP() << "no real content here";
+    TempFolder folder;
+    std::filesystem::create_directories(folder / "msts/TRAINS/TRAINSET");
+    std::filesystem::create_directory_symlink(consists, folder / "msts/TRAINS/CONSISTS");
+    const CliRun run = runCli({"--home", folder / "home", "--msts", folder / "msts", "--yes",
+                               "--json", "test", "consists"});
+    EXPECT_EQ(run.status, 1) << run.err;
+    const nlohmann::json counts = nlohmann::json::parse(run.out);
+    EXPECT_EQ(counts["errors"], counts["filesTested"]);
+    EXPECT_EQ(counts["errors"], counts["categories"]["Missing"]);
+    EXPECT_GT(counts["failed"].size(), 10u);
 }
 
 }  // namespace

@@ -74,13 +74,14 @@ public:
     }
     std::string resolve(const std::string& path) override { return path; }
 
-    // Whether every path touched lies below one of the folders given.
+    // Whether every path touched is one of the folders given or lies below one.
     bool touchedOnlyBelow(std::initializer_list<std::string_view> folders) const {
         for (const std::string& path : touched) {
             bool inside = false;
             for (std::string_view folder : folders)
-                inside = inside || (path.size() > folder.size() && path.starts_with(folder) &&
-                                    path[folder.size()] == '/');
+                inside = inside || path == folder ||
+                         (path.size() > folder.size() && path.starts_with(folder) &&
+                          path[folder.size()] == '/');
             if (!inside) return false;
         }
         return true;

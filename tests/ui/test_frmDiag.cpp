@@ -60,6 +60,8 @@ class TesterWindowTest : public QObject {
 private Q_SLOTS:
     void aRunShowsItsCountsAndOffersTheReportsWritten();
     void stopEndsTheWalkAfterTheUnitUnderTest();
+    void failedConsistsGoToTheEditorOrTheTrash();
+    void theOptionsFollowTheSection();
 };
 
 void TesterWindowTest::aRunShowsItsCountsAndOffersTheReportsWritten() {
@@ -69,7 +71,6 @@ void TesterWindowTest::aRunShowsItsCountsAndOffersTheReportsWritten() {
     t.addEngine("C", "alpha", false);
     ui::frmDiag window(*t.state, t.fake.services);
     window.show();
-    QVERIFY(!window.Command1[1]->isEnabled());
     QTest::mouseClick(window.Command1[0], Qt::LeftButton);
     QCOMPARE(window.lblCount->text(), QString("Found 3 engines"));
     QCOMPARE(window.diagList->model()->rowCount(), 3);
@@ -140,6 +141,64 @@ void TesterWindowTest::stopEndsTheWalkAfterTheUnitUnderTest() {
     // findings of the unit that was finished after it.
     QCOMPARE(window.Label9[0]->text(), QString::number(tested));
     QVERIFY(window.Label6[1]->text().toInt() + window.Label6[2]->text().toInt() <= 2);
+}
+
+namespace {
+std::string consistText(const std::string& units) {
+    return "\nTrain (\n\tTrainCfg ( x\n" + units + "\t)\n)";
+}
+}  // namespace
+
+void TesterWindowTest::failedConsistsGoToTheEditorOrTheTrash() {
+    TesterWindow t;
+    t.addEngine("A", "alpha", false);
+    t.msts.write("TRAINS/CONSISTS/good.con",
+                 consistText("\t\tEngineData ( alpha A )\n"));
+    t.msts.write("TRAINS/CONSISTS/three.con",
+                 consistText("\t\tEngineData ( gone A )\n\t\tWagonData ( w1 B )\n"
+                             "\t\tWagonData ( w2 B )\n"));
+    ui::frmDiag window(*t.state, t.fake.services);
+    window.show();
+    QTest::mouseClick(window.Command1[2], Qt::LeftButton);
+    QCOMPARE(window.lblCount->text(), QString("Found 2 consists"));
+    QVERIFY(!window.Check1->isEnabled() && !window.Check2->isEnabled() &&
+            !window.Check3->isEnabled());
+    QTest::mouseClick(window.cmdCheckAll, Qt::LeftButton);
+    QTest::mouseClick(window.cmdTest, Qt::LeftButton);
+    QCOMPARE(window.lblErrors->text(), QString("3"));
+    QCOMPARE(window.listFailed->count(), 3);
+    QCOMPARE(window.listTestedSounds->count(), 1);
+    QVERIFY(window.cmdDelCon->isVisible());
+    QVERIFY(window.cmdEditCon->isEnabled());
+    // The consist reports only: the buttons of the other kinds are not there.
+    QVERIFY(window.errorTypes()->Command1[0]->isEnabled());
+    QVERIFY(window.errorTypes()->Command1[2]->isHidden());
+
+    // A double click on the failed consist's name sends it to the editor.
+    const QModelIndex failed = window.listTestedSounds->model()->index(0, 0);
+    window.listTestedSounds->doubleClicked(failed);
+    QVERIFY(window.consistToEdit() && window.consistToEdit()->ends_with("three.con"));
+
+    QTest::mouseClick(window.cmdDelCon, Qt::LeftButton);
+    QCOMPARE(t.fake.desktop.trashed.size(), std::size_t(1));
+    QVERIFY(t.fake.desktop.trashed.front().ends_with("three.con"));
+    QCOMPARE(window.lblCount->text(), QString("Found 1 consists"));
+    QVERIFY(!window.cmdDelCon->isVisible());
+}
+
+void TesterWindowTest::theOptionsFollowTheSection() {
+    TesterWindow t;
+    t.addEngine("A", "alpha", false);
+    ui::frmDiag window(*t.state, t.fake.services);
+    window.show();
+    QTest::mouseClick(window.Command1[0], Qt::LeftButton);
+    QVERIFY(window.Check1->isEnabled() && window.Check2->isEnabled());
+    QTest::mouseClick(window.Command1[1], Qt::LeftButton);
+    QVERIFY(!window.Check1->isEnabled() && window.Check2->isEnabled());
+    QCOMPARE(window.lblCount->text(), QString("Found 0 wagons"));
+    t.state->paths.engineFilter = "AI";
+    QTest::mouseClick(window.Command1[0], Qt::LeftButton);
+    QVERIFY(!window.Check1->isEnabled());
 }
 
 QTEST_MAIN(TesterWindowTest)

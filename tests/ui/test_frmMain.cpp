@@ -86,10 +86,9 @@ void MainWindow::toolbarButtonsCarryTheirToolTips() {
 void MainWindow::entriesOfWindowsNotBuiltAreHidden() {
     MainWindowFixture f;
     for (const char* name :
-         {"mnuEditUnit",      "mnuEditFile", "mnuLoose",     "mnuActivities",
-          "mnuPreview",       "mnu3D",       "mnuPicture",   "mnuConsUse",
-          "mnuActsUse",       "mnuMaxvel",   "mnuAllocated", "mnuBigones",
-          "tbr_activity",     "tbr_random",  "tbr_3dview",   "tbr_activitydependencies",
+         {"mnuEditUnit", "mnuEditFile", "mnuLoose",     "mnuPreview", "mnu3D",
+          "mnuPicture",  "mnuConsUse",  "mnuActsUse",   "mnuMaxvel",  "mnuAllocated",
+          "mnuBigones",  "tbr_random",  "tbr_3dview",   "tbr_activitydependencies",
           "tbr_dependencies", "tbr_loose"}) {
         QVERIFY2(!f.window->findChild<QAction*>(name)->isEnabled(), name);
         QVERIFY2(!f.window->findChild<QAction*>(name)->isVisible(), name);

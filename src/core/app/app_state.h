@@ -3,6 +3,7 @@
 
 #include "core/consist/consist_state.h"
 #include "core/consist/edit_history.h"
+#include "core/msts/route_scan.h"
 #include "core/msts/unit_record.h"
 #include "core/settings/settings_record.h"
 
@@ -16,6 +17,7 @@ struct AppState {
     UnitCatalogue catalogue;
     ConsistState consist;
     EditHistory history;  // of the consist's edits in the window
+    RouteTables routes;   // the routes and the activities of the route last selected
     bool debugMode = false;
 };
 

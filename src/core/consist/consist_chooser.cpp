@@ -41,6 +41,13 @@ bool validIndex(const ConsistChooser& chooser, int index) {
 
 }  // namespace
 
+std::vector<std::string> consistFileNames(FileSystem& fs, const std::string& consistsPath) {
+    std::vector<std::string> names;
+    for (const DirEntry& entry : fs.listFolder(consistsPath))
+        if (isConsistFile(entry)) names.push_back(entry.name);
+    return names;
+}
+
 std::string chosenConsistPath(const ConsistContext& app, const std::string& fileName) {
     return joinPath(app.paths.consistsPath, fileName);
 }
@@ -48,17 +55,15 @@ std::string chosenConsistPath(const ConsistContext& app, const std::string& file
 void readConsistFiles(const ConsistContext& app, Services& services, ConsistChooser& chooser) {
     chooser.files.clear();
     chooser.lines.clear();
-    for (const DirEntry& entry : services.fs.listFolder(app.paths.consistsPath)) {
-        if (!isConsistFile(entry)) continue;
-        const std::optional<std::string> bytes =
-            services.fs.readFile(chosenConsistPath(app, entry.name));
+    for (const std::string& name : consistFileNames(services.fs, app.paths.consistsPath)) {
+        const std::optional<std::string> bytes = services.fs.readFile(chosenConsistPath(app, name));
         if (!bytes) {
-            services.dialogs.report("There has been an error in the consist file " + entry.name,
+            services.dialogs.report("There has been an error in the consist file " + name,
                                     Icon::Stop);
             continue;
         }
-        chooser.files.push_back(entry.name);
-        chooser.lines.push_back(chooserLine(entry.name, countWagons(textLines(*bytes))));
+        chooser.files.push_back(name);
+        chooser.lines.push_back(chooserLine(name, countWagons(textLines(*bytes))));
     }
 }
 

@@ -18,6 +18,10 @@ struct ConsistChooser {
     std::string countText() const { return std::to_string(lines.size()); }  // Label2
 };
 
+// The consist files ("*.con") of the Consists folder, in the order the folder lists them.
+[[nodiscard]] std::vector<std::string> consistFileNames(FileSystem& fs,
+                                                        const std::string& consistsPath);
+
 // The full path of a chooser file in the Consists folder.
 [[nodiscard]] std::string chosenConsistPath(const ConsistContext& app, const std::string& fileName);
 

@@ -4,21 +4,30 @@
 #include <string>
 #include <string_view>
 
+#include "core/msts/inside_path.h"
 #include "core/platform/file_system.h"
 
 namespace rakeyard {
-
-// A name read from an MSTS file joined behind a folder as Windows takes such a path: "\" and
-// "/" alike, repeated separators as one, "." and ".." resolved by the text alone (also through
-// a folder that isn't there). The name is joined as text, so "C:\x.s" or "/etc/passwd" stays
-// below the folder. Nothing when the path leaves root, the MSTS folder.
-[[nodiscard]] std::optional<std::string> joinInside(std::string_view root, std::string_view folder,
-                                                    std::string_view name);
 
 // The size the tester looks up: 0 for a file that is missing, empty, no plain file (a folder,
 // a pipe) or outside root.
 [[nodiscard]] std::uintmax_t sizeInside(FileSystem& fs, std::string_view root,
                                         std::string_view folder, std::string_view name);
+
+// Why a lookup found nothing, as the tests tell it apart: the file isn't in its folder (or is a
+// folder itself), a folder on its way is missing (or the path leaves root), the name holds a
+// character Windows forbids, or the file is there and can't be read.
+enum class LookupFailure { None, FileNotFound, PathNotFound, BadName, Unreadable };
+struct Lookup {
+    std::uintmax_t size = 0;  // 0 also for a file of no bytes, which counts as missing
+    LookupFailure failure = LookupFailure::None;
+};
+[[nodiscard]] Lookup lookUpInside(FileSystem& fs, std::string_view root, std::string_view folder,
+                                  std::string_view name);
+// The same for a file to be read: bytes hold it when the failure is None.
+[[nodiscard]] LookupFailure readLookupInside(FileSystem& fs, std::string_view root,
+                                             std::string_view folder, std::string_view name,
+                                             std::uintmax_t limit, std::string& bytes);
 
 // The bytes of a plain file inside root, at most limit of them; nothing when it is missing,
 // no plain file (a pipe is never read from), outside root, larger than the limit or unreadable.

@@ -1,12 +1,18 @@
 #include "core/tester/test_run.h"
 
 #include <algorithm>
+#include <iterator>
+#include <thread>
 #include <unordered_map>
 
+#include "core/consist/consist_chooser.h"
+#include "core/msts/ordered_work.h"
 #include "core/msts/unit_list.h"
+#include "core/platform/file_names.h"
 #include "core/platform/paths.h"
 #include "core/platform/text_utf.h"
 #include "core/settings/shell_helpers.h"
+#include "core/tester/held_appends.h"
 #include "core/tester/reports.h"
 #include "core/tester/unit_tests.h"
 
@@ -28,29 +34,126 @@ void clearLogs(TestRun& run) {
     run.counts.levels = {};
 }
 
+// One selected row's test: a unit's record index, or a consist's file name.
+struct RowTest {
+    std::size_t index = 0;
+    std::string consist;
+};
+
+void testRow(TestRun& run, const TestContext& context, const RowTest& row) {
+    switch (*run.section) {
+    case TestSection::Engines: testThisEngine(run, context, row.index); break;
+    case TestSection::Wagons: testThisWagon(run, context, row.index); break;
+    case TestSection::Consists: testThisConsist(run, context, row.consist); break;
+    }
+}
+
+// What one row's test came to on a worker: its own run state and the report records it wrote.
+struct RowOutcome {
+    TestRun part;
+    std::vector<std::pair<std::string, std::string>> appends;
+};
+
+template <class T>
+void appendAll(std::vector<T>& to, std::vector<T>& from) {
+    to.insert(to.end(), std::make_move_iterator(from.begin()), std::make_move_iterator(from.end()));
+}
+
+// Adds a row's outcome to the run, as if the row had been tested on it.
+void addOutcome(TestRun& run, FileSystem& fs, RowOutcome& outcome) {
+    for (const auto& [path, bytes] : outcome.appends)
+        (void)fs.appendFile(path, bytes);
+    TestRun& part = outcome.part;
+    run.counts.filesTested += part.counts.filesTested;
+    run.counts.errorCount += part.counts.errorCount;
+    for (std::size_t i = 0; i < run.counts.levels.size(); ++i)
+        run.counts.levels[i] += part.counts.levels[i];
+    for (std::size_t i = 0; i < run.counts.categories.size(); ++i)
+        run.counts.categories[i] += part.counts.categories[i];
+    run.errorsFound = run.errorsFound || part.errorsFound;
+    appendAll(run.testedShapes, part.testedShapes);
+    appendAll(run.testedSounds, part.testedSounds);
+    appendAll(run.failed, part.failed);
+    run.unitShown = part.unitShown;
+    if (!part.filesTestedText.empty())
+        run.filesTestedText = std::to_string(run.counts.filesTested) + " files tested";
+}
+
+// The rows tested on all cores, each on a run state of its own, and added to the run in their
+// order: findings, reports and logs are those of a run on one thread.
+void testOnWorkers(TestRun& run, const TestContext& context, const std::vector<RowTest>& rows) {
+    const unsigned workers = std::clamp(std::thread::hardware_concurrency(), 1u, 8u);
+    forEachInOrder<RowOutcome>(
+        rows.size(), workers,
+        [&](std::size_t i) {
+            HeldAppends held(context.services.fs);
+            Services services{held, context.services.dialogs, context.services.progress,
+                              context.services.desktop};
+            NoYield host;
+            RowOutcome outcome;
+            TestRun& part = outcome.part;
+            part.testMode = run.testMode;
+            part.section = run.section;
+            part.cabViews = run.cabViews;
+            part.sounds = run.sounds;
+            part.cabViewsEnabled = run.cabViewsEnabled;
+            testRow(part, {context.paths, context.catalogue, services, host}, rows[i]);
+            outcome.appends = std::move(held.appends);
+            return outcome;
+        },
+        [&](std::size_t, RowOutcome& outcome) {
+            addOutcome(run, context.services.fs, outcome);
+            context.services.progress.step();
+        });
+}
+
 // The selected rows in order, each tested by the section's test; rows are read again after
-// every yield, as Stop refills them.
-bool testSelectedUnits(TestRun& run, const TestContext& context) {
-    const auto records = recordsOf(context, *run.section);
+// every yield, as Stop refills them. Where nothing can press Stop, the rows are taken at once
+// and tested on all cores.
+bool testSelectedRows(TestRun& run, const TestContext& context) {
+    const bool consists = run.section == TestSection::Consists;
     const auto selectedCount = std::count(run.selected.begin(), run.selected.end(), 1);
     context.services.progress.start("Testing", static_cast<int>(selectedCount));
-    // A row stands for the first record of its display name and file name, in any case.
+    // A unit's row stands for the first record of its display name and file name, in any case.
     std::unordered_map<std::string, std::size_t> byRow;
-    for (std::size_t i = 0; i < records.size(); ++i)
-        byRow.emplace(upperAscii(unitTestRow(records[i])), i);
-    bool tookRow = false;
-    for (std::size_t i = 0;; ++i) {
-        context.host.yield();
-        if (i >= run.rows.size()) break;
-        if (!run.selected[i]) continue;
-        tookRow = true;
-        const auto found = byRow.find(upperAscii(run.rows[i]));
-        if (found == byRow.end()) continue;  // a unit no longer in the catalogue
-        const std::optional<std::size_t> index = found->second;
-        testThisEngine(run, context, *index);
-        context.services.progress.step();
+    if (!consists) {
+        const auto records = recordsOf(context, *run.section);
+        for (std::size_t i = 0; i < records.size(); ++i)
+            byRow.emplace(upperAscii(unitTestRow(records[i])), i);
     }
-    if (run.duplicates) checkDuplicates(run, context);
+    // The test of row i; nothing for a unit no longer in the catalogue.
+    const auto rowTest = [&](std::size_t i) -> std::optional<RowTest> {
+        if (consists) return RowTest{0, run.rows[i]};
+        const auto found = byRow.find(upperAscii(run.rows[i]));
+        if (found == byRow.end()) return std::nullopt;
+        return RowTest{found->second, {}};
+    };
+    bool tookRow = false;
+    if (context.host.allowsWorkers()) {
+        std::vector<RowTest> rows;
+        for (std::size_t i = 0; i < run.rows.size(); ++i) {
+            if (!run.selected[i]) continue;
+            tookRow = true;
+            if (auto test = rowTest(i)) rows.push_back(std::move(*test));
+        }
+        testOnWorkers(run, context, rows);
+    } else {
+        for (std::size_t i = 0;; ++i) {
+            context.host.yield();
+            // Stop acts between consists: the one under test is finished with its failures,
+            // and the refill then clears the selection and the failed lists alike.
+            if (consists && run.stopRequested) {
+                run.stopRequested = false;
+                (void)fillSection(run, context, TestSection::Consists, {});
+            }
+            if (i >= run.rows.size()) break;
+            if (!run.selected[i]) continue;
+            tookRow = true;
+            if (auto test = rowTest(i)) testRow(run, context, *test);
+            context.services.progress.step();
+        }
+    }
+    if (run.duplicates && !consists) checkDuplicates(run, context);
     return tookRow;
 }
 
@@ -70,15 +173,26 @@ bool fillSection(TestRun& run, const TestContext& context, TestSection section,
     run.rows.clear();
     const bool engines = section == TestSection::Engines;
     run.cabViewsEnabled = engines && filter != "AI";
-    for (const UnitRecord& unit : recordsOf(context, section)) {
-        if (unit.displayName.empty()) break;
-        if (engines ? engineShown(unit, filter) : wagonShown(unit, filter))
-            run.rows.push_back(unitTestRow(unit));
+    if (section == TestSection::Consists) {
+        run.rows = consistFileNames(context.services.fs, context.paths.consistsPath);
+    } else {
+        for (const UnitRecord& unit : recordsOf(context, section)) {
+            if (unit.displayName.empty()) break;
+            if (engines ? engineShown(unit, filter) : wagonShown(unit, filter))
+                run.rows.push_back(unitTestRow(unit));
+        }
     }
     run.selected.assign(run.rows.size(), 0);
-    run.countText = "Found " + std::to_string(run.rows.size()) +
-                    (engines ? " engines" : " wagons");
+    const char* what = engines ? " engines" : section == TestSection::Wagons ? " wagons" : " consists";
+    run.countText = "Found " + std::to_string(run.rows.size()) + what;
     return sectionReportsExist(context.paths, context.services.fs, section);
+}
+
+void fillGivenConsists(TestRun& run, const TestContext& context, std::vector<std::string> rows) {
+    (void)fillSection(run, context, TestSection::Consists, {});
+    run.rows = std::move(rows);
+    run.selected.assign(run.rows.size(), 1);
+    run.countText = "Found " + std::to_string(run.rows.size()) + " consists";
 }
 
 void selectAllRows(TestRun& run, bool selected) {
@@ -104,7 +218,8 @@ bool runTests(TestRun& run, const TestContext& context) {
     deleteSectionReports(context.paths, context.services.fs, *run.section, run.cabViews,
                          run.sounds, run.duplicates);
     run.running = true;
-    const bool tookRow = testSelectedUnits(run, context);
+    run.stopRequested = false;
+    const bool tookRow = testSelectedRows(run, context);
     run.running = false;
     if (!tookRow) {
         dialogs.report("You must select at least one item from the list!", Icon::Stop,
@@ -121,8 +236,26 @@ bool runTests(TestRun& run, const TestContext& context) {
 }
 
 void stopTests(TestRun& run, const TestContext& context, std::string_view filter) {
-    if (run.section) (void)fillSection(run, context, *run.section, filter);
+    const bool testingConsists = run.running && run.section == TestSection::Consists;
+    if (run.section && !testingConsists) (void)fillSection(run, context, *run.section, filter);
     run.stopRequested = true;
+}
+
+void deleteFailedConsists(TestRun& run, const TestContext& context) {
+    for (const std::string& name : run.testedSounds) {
+        if (name.empty()) break;
+        if (!isValidFileName(name)) continue;
+        (void)context.services.desktop.moveToTrash(
+            context.services.fs.resolve(joinPath(context.paths.consistsPath, name)));
+    }
+    run.testedSounds.clear();
+}
+
+std::optional<std::string> consistOfRow(const TestContext& context, std::string_view row) {
+    const std::string name(row);
+    if (upperAscii(name).ends_with(".CON") && isValidFileName(name))
+        return joinPath(context.paths.consistsPath, name);
+    return std::nullopt;
 }
 
 void openTestRowInEditor(const TestContext& context, std::string_view row) {

@@ -18,6 +18,9 @@ namespace rakeyard {
 bool fillSection(TestRun& run, const TestContext& context, TestSection section,
                  std::string_view filter);
 void selectAllRows(TestRun& run, bool selected);
+// The consist section with the consists given as its rows, all selected: those of an activity
+// handed over by the activities window.
+void fillGivenConsists(TestRun& run, const TestContext& context, std::vector<std::string> rows);
 
 // "Start test": the reports of the section are deleted, the selected rows tested in order and,
 // with the duplicates option, the whole catalogue checked for file names used twice. Messages
@@ -25,8 +28,18 @@ void selectAllRows(TestRun& run, bool selected);
 // read in the editor (the window then offers the reports).
 bool runTests(TestRun& run, const TestContext& context);
 // "Stop test": the section is filled again, so no row is selected and the walk ends after the
-// unit under test; a running duplicate check ends too.
+// unit under test; a running duplicate check ends too. A consist run fills it again once the
+// consist under test is finished, so that no failed consist stays listed.
 void stopTests(TestRun& run, const TestContext& context, std::string_view filter);
+
+// "Delete consists with errors": each consist named on the list of failed ones goes to the
+// trash and the list empties; the caller fills the consist section again. A name that is no
+// plain file name of the Consists folder is passed over: nothing outside that folder is touched.
+void deleteFailedConsists(TestRun& run, const TestContext& context);
+// The consist file a row names, to load in the editor: a row of the consist section, or a failed
+// consist's name ending in ".con"; nothing for any other row.
+[[nodiscard]] std::optional<std::string> consistOfRow(const TestContext& context,
+                                                      std::string_view row);
 
 // Ctrl+click on a row: the unit whose display name the row's text begins with, looked for
 // among the engines and then the wagons, opens in the text editor.

@@ -40,10 +40,13 @@ class TestHost {
 public:
     virtual ~TestHost() = default;
     virtual void yield() = 0;
+    // Whether units may be tested on worker threads: only where nothing can press Stop.
+    virtual bool allowsWorkers() const { return false; }
 };
 class NoYield : public TestHost {
 public:
     void yield() override {}
+    bool allowsWorkers() const override { return true; }
 };
 
 struct TestCounts {

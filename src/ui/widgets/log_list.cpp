@@ -1,5 +1,7 @@
 #include "ui/widgets/log_list.h"
 
+#include <QHeaderView>
+
 namespace rakeyard::ui {
 
 class LogList::Model : public QAbstractListModel {
@@ -36,11 +38,18 @@ private:
 };
 
 LogList::LogList(const std::vector<std::string>& rows, QWidget* parent)
-    : QListView(parent), model_(new Model(rows, this)) {
+    : QTableView(parent), model_(new Model(rows, this)) {
     setModel(model_);
-    setUniformItemSizes(true);
+    horizontalHeader()->hide();
+    horizontalHeader()->setStretchLastSection(true);
+    verticalHeader()->hide();
+    verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    verticalHeader()->setDefaultSectionSize(fontMetrics().height());
+    setShowGrid(false);
+    setWordWrap(false);
     setEditTriggers(QAbstractItemView::NoEditTriggers);
     setSelectionMode(QAbstractItemView::SingleSelection);
+    setSelectionBehavior(QAbstractItemView::SelectRows);
 }
 
 void LogList::sync() {

@@ -56,9 +56,6 @@ frmDiag::frmDiag(AppState& state, Services& services, QWidget* parent)
         sectionRow->addWidget(Command1[i]);
         connect(Command1[i], &QPushButton::clicked, this, [this, i] { Command1_Click(i); });
     }
-    // The wagon and consist tests are not part of this version yet.
-    Command1[1]->setEnabled(false);
-    Command1[2]->setEnabled(false);
     sectionRow->addStretch(1);
     lblCount = named(new QLabel(this), "lblCount");
     sectionRow->addWidget(lblCount);
@@ -78,8 +75,6 @@ frmDiag::frmDiag(AppState& state, Services& services, QWidget* parent)
     Check1 = named(new QCheckBox("Test cab views", this), "Check1");
     Check2 = named(new QCheckBox("Test sound files", this), "Check2");
     Check3 = named(new QCheckBox("Check duplicated files", this), "Check3");
-    Check1->setEnabled(false);  // the cab view and sound tests come with a later version
-    Check2->setEnabled(false);
     cmdCheckAll = button("cmdCheckAll", "Check all", this);
     cmdUncheckAll = button("cmdUncheckAll", "Uncheck all", this);
     cmdTest = button("cmdTest", "Start &test", this);
@@ -184,6 +179,13 @@ frmDiag::frmDiag(AppState& state, Services& services, QWidget* parent)
     connect(cmdUncheckAll, &QPushButton::clicked, this, &frmDiag::cmdUncheckAll_Click);
     connect(cmdDelRep, &QPushButton::clicked, this, &frmDiag::cmdDelRep_Click);
     connect(cmdShowErr, &QPushButton::clicked, this, &frmDiag::cmdShowErr_Click);
+    connect(cmdEditCon, &QPushButton::clicked, this, &frmDiag::cmdEditCon_Click);
+    connect(cmdDelCon, &QPushButton::clicked, this, &frmDiag::cmdDelCon_Click);
+    connect(diagList->selectionModel(), &QItemSelectionModel::currentChanged, this,
+            [this](const QModelIndex& current) { diagList_Click(current); });
+    connect(listTestedSounds, &QListView::doubleClicked, this,
+            &frmDiag::listTestedSounds_DblClick);
+    connect(listTestedSounds, &QListView::activated, this, &frmDiag::listTestedSounds_DblClick);
     connect(cmdExit, &QPushButton::clicked, this, &QDialog::close);
 
     if (!services_.fs.isFolder(state_.paths.consistsPath))
@@ -204,10 +206,16 @@ std::string frmDiag::filter() const {
 
 void frmDiag::Command1_Click(int index) {
     runGuarded(services_.dialogs, [&] {
-        const TestSection section = index == 0 ? TestSection::Engines : TestSection::Wagons;
+        const TestSection section = index == 0   ? TestSection::Engines
+                                    : index == 1 ? TestSection::Wagons
+                                                 : TestSection::Consists;
         run_.section = section;
         const bool reports = fillSection(run_, context(), section, filter());
-        Check1->setEnabled(false);  // see above: no cab view test in this version
+        const bool units = section != TestSection::Consists;
+        Check1->setEnabled(run_.cabViewsEnabled);
+        Check2->setEnabled(units);
+        Check3->setEnabled(units);
+        if (units) cmdEditCon->setEnabled(false);
         cmdDelCon->setVisible(false);
         for (QWidget* hidden : {static_cast<QWidget*>(Label2), static_cast<QWidget*>(lblErrors),
                                 static_cast<QWidget*>(Label4), static_cast<QWidget*>(Label8)})
@@ -217,6 +225,18 @@ void frmDiag::Command1_Click(int index) {
         diagList->setFocus();
         cmdShowErr->setEnabled(reports);
     });
+}
+
+void frmDiag::testGivenConsists(const std::vector<std::string>& rows) {
+    runGuarded(services_.dialogs, [&] {
+        fillGivenConsists(run_, context(), rows);
+        Check1->setEnabled(false);
+        Check2->setEnabled(false);
+        Check3->setEnabled(false);
+        showRows();
+        showRun();
+    });
+    cmdTest_Click();
 }
 
 void frmDiag::showRows() {
@@ -290,6 +310,8 @@ void frmDiag::cmdTest_Click() {
         lblErrors->setVisible(false);
         cmdDelCon->setVisible(false);
         cmdShowErr->setEnabled(false);
+        const bool consists = run_.section == TestSection::Consists;
+        if (consists) cmdEditCon->setEnabled(false);
         if (errTyp_) errTyp_->hide();
         QApplication::setOverrideCursor(Qt::WaitCursor);
         auto* progress = dynamic_cast<QtProgress*>(&services_.progress);
@@ -297,8 +319,13 @@ void frmDiag::cmdTest_Click() {
         const bool offerReports = runTests(run_, context());
         if (progress) progress->detach();
         QApplication::restoreOverrideCursor();
+        showRows();
         showRun();
         showIdle();
+        if (consists) {
+            cmdEditCon->setEnabled(true);
+            cmdDelCon->setVisible(!run_.failed.empty() && !run_.failed.front().empty());
+        }
         if (run_.counts.filesTested > 0 || run_.counts.errorCount > 0 || !run_.unitShown.empty()) {
             Label2->setVisible(true);
             lblErrors->setVisible(true);
@@ -343,6 +370,38 @@ void frmDiag::cmdUncheckAll_Click() {
     showRows();
     diagList->setFocus();
     diagList->scrollToTop();
+}
+
+// A row of the consist section is the consist the editor button sends.
+void frmDiag::diagList_Click(const QModelIndex& index) {
+    if (run_.section != TestSection::Consists || !index.isValid()) return;
+    cmdEditCon->setEnabled(true);
+    consistClicked_ = stdString(index.data().toString());
+}
+
+void frmDiag::cmdEditCon_Click() {
+    runGuarded(services_.dialogs, [&] {
+        if (const auto path = consistOfRow(context(), consistClicked_)) {
+            consistToEdit_ = path;
+            accept();
+        }
+    });
+}
+
+// A failed consist's name opens it in the editor; the units' files listed there do nothing.
+void frmDiag::listTestedSounds_DblClick(const QModelIndex& index) {
+    if (run_.running || !index.isValid()) return;
+    runGuarded(services_.dialogs, [&] {
+        if (const auto path = consistOfRow(context(), stdString(index.data().toString()))) {
+            consistToEdit_ = path;
+            accept();
+        }
+    });
+}
+
+void frmDiag::cmdDelCon_Click() {
+    runGuarded(services_.dialogs, [&] { deleteFailedConsists(run_, context()); });
+    Command1_Click(2);
 }
 
 void frmDiag::checkCmdDelRepButtonState() {

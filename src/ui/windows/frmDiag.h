@@ -2,6 +2,8 @@
 #include <QDialog>
 #include <QElapsedTimer>
 #include <array>
+#include <optional>
+#include <string>
 
 #include "core/app/app_state.h"
 #include "core/platform/services.h"
@@ -45,6 +47,10 @@ public:
     LogList* listFailed;
 
     const TestRun& run() const { return run_; }
+    // Tests the consists given, as the activities window hands an activity's consists over.
+    void testGivenConsists(const std::vector<std::string>& rows);
+    // The consist the user sent to the editor; the window has closed then.
+    const std::optional<std::string>& consistToEdit() const { return consistToEdit_; }
     frmErrTyp* errorTypes() const { return errTyp_; }
 
 protected:
@@ -62,6 +68,10 @@ private:
     void cmdShowErr_Click();
     void checkCmdDelRepButtonState();
     void diagList_SelectionChanged();
+    void diagList_Click(const QModelIndex& index);
+    void cmdEditCon_Click();
+    void cmdDelCon_Click();
+    void listTestedSounds_DblClick(const QModelIndex& index);
 
     // TestHost: between lines the window shows the run and lets events run, every few tens of
     // milliseconds rather than at each line.
@@ -79,6 +89,8 @@ private:
     frmErrTyp* errTyp_ = nullptr;
     QElapsedTimer sinceShown_;
     bool showingRows_ = false;  // the view's selection is being set from the run
+    std::string consistClicked_;  // the consist of the last row clicked in consist mode
+    std::optional<std::string> consistToEdit_;
 };
 
 }  // namespace rakeyard::ui

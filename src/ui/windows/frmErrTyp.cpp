@@ -85,6 +85,8 @@ bool frmErrTyp::lightButtons(const std::string& testMode) {
     testMode_ = testMode;
     for (int kind = 0; kind < 7; ++kind) {
         const std::optional<std::string> report = reportOfKind(testMode, kind);
+        // A mode has only the buttons of its reports: a consist's two, no cab views for wagons.
+        Command1[kind]->setVisible(report.has_value());
         if (report && services_.fs.isFile(joinPath(reportsFolder(state_.paths), *report)))
             Command1[kind]->setEnabled(true);
     }

@@ -137,6 +137,7 @@ private:
     void mnuDelete_Click();
     void mnuUnicode_Click();
     void mnuMissing_Click();
+    void mnuActivities_Click();
     void mnuAliasing_Click();
     void mnuSteam_Click();
     void mnuDiesel_Click();

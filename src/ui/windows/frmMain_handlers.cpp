@@ -25,6 +25,7 @@
 #include "ui/widgets/unit_list_view.h"
 #include "ui/windows/frm3DViewer.h"
 #include "ui/windows/frmAbout.h"
+#include "ui/windows/frmAct.h"
 #include "ui/windows/frmDiag.h"
 #include "ui/windows/frmEditor.h"
 #include "ui/windows/frmHelp.h"
@@ -71,6 +72,7 @@ void frmMain::connectMenus() {
     both(mnuDelete, "delete", &frmMain::mnuDelete_Click);
     both(mnuUnicode, nullptr, &frmMain::mnuUnicode_Click);
     both(mnuMissing, "test", &frmMain::mnuMissing_Click);
+    both(mnuActivities, "activity", &frmMain::mnuActivities_Click);
     both(mnuAliasing, "alias", &frmMain::mnuAliasing_Click);
     both(mnuSteam, nullptr, &frmMain::mnuSteam_Click);
     both(mnuDiesel, nullptr, &frmMain::mnuDiesel_Click);
@@ -96,10 +98,9 @@ void frmMain::connectMenus() {
 // as coming.
 void frmMain::enableBuiltEntries() {
     std::vector<QAction*> notYet = {
-        mnuEditUnit, mnuEditFile, mnuLoose,   mnuActivities, mnuPreview,   mnu3D,
-        mnuPicture,  mnuConsUse,  mnuActsUse, mnuMaxvel,     mnuAllocated, mnuBigones};
-    for (const char* key :
-         {"activity", "random", "3dview", "activitydependencies", "dependencies", "loose"})
+        mnuEditUnit, mnuEditFile, mnuLoose,  mnuPreview,   mnu3D,     mnuPicture,
+        mnuConsUse,  mnuActsUse,  mnuMaxvel, mnuAllocated, mnuBigones};
+    for (const char* key : {"random", "3dview", "activitydependencies", "dependencies", "loose"})
         notYet.push_back(toolbarButton(this, key));
     for (QAction* entry : notYet) {
         entry->setEnabled(false);
@@ -207,7 +208,30 @@ void frmMain::mnuMissing_Click() {
     runGuarded(services_.dialogs, [&] {
         frmDiag window(state_, services_, this);
         window.exec();
+        // A consist sent to the editor replaces the one shown, after its save question.
+        if (!window.consistToEdit() || !clearConsist(state_, services_)) return;
+        state_.consist.consistToLoad = *window.consistToEdit();
+        (void)loadConsistFile(state_, services_);
     });
+    refreshPics();
+}
+
+// The activities window, blocking the main window; what it hands to the editor replaces the
+// consist shown, after its save question.
+void frmMain::mnuActivities_Click() {
+    runGuarded(services_.dialogs, [&] {
+        frmAct window(state_, services_, this);
+        window.exec();
+        if (window.consistToEdit()) {
+            if (!clearConsist(state_, services_)) return;
+            state_.consist.consistToLoad = *window.consistToEdit();
+            (void)loadConsistFile(state_, services_);
+        } else if (window.missingToBuild()) {
+            if (!clearConsist(state_, services_)) return;
+            state_.consist.header.fileName = *window.missingToBuild();
+        }
+    });
+    refreshPics();
 }
 
 void frmMain::mnuRenumber_Click() {

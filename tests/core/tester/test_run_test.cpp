@@ -140,6 +140,63 @@ TEST_F(TestRuns, StopEndsTheWalkKeepsWhatWasFoundAndStillChecksDuplicates) {
     EXPECT_EQ(run.counts.errorCount, 3);
 }
 
+// Stop between consists refills the section: the failed lists empty, so the window offers no
+// deletion of what had failed.
+TEST_F(TestRuns, ConsistsStopBetweenFilesAndTheFailedGoToTheTrashFromTheirFolderOnly) {
+    for (const char* name : {"a.con", "b.con", "c.con"})
+        msts.write(std::string("TRAINS/CONSISTS/") + name,
+                   "\nTrain (\n\t\tEngineData ( gone gone )\n)");
+    fillSection(run, context(), TestSection::Consists, "All");
+    EXPECT_THAT(run.rows, ElementsAre("a.con", "b.con", "c.con"));
+    EXPECT_EQ(run.countText, "Found 3 consists");
+    selectAllRows(run, true);
+    EXPECT_TRUE(runTests(run, context()));
+    EXPECT_THAT(run.testedSounds, ElementsAre("a.con", "b.con", "c.con"));
+
+    fillSection(run, context(), TestSection::Consists, "All");
+    selectAllRows(run, true);
+    scriptedHost.pressAt = 4;  // within the first consist's lines
+    scriptedHost.press = [&] { stopTests(run, scripted(), "All"); };
+    EXPECT_TRUE(runTests(run, scripted()));
+    EXPECT_THAT(run.failed, IsEmpty());
+    EXPECT_EQ(run.counts.errorCount, 1);
+
+    run.testedSounds = {"b.con", "../outside.con", "a.con", ""};
+    deleteFailedConsists(run, context());
+    EXPECT_THAT(fake.desktop.trashed, ElementsAre(HasSubstr("b.con"), HasSubstr("a.con")));
+    EXPECT_THAT(run.testedSounds, IsEmpty());
+    EXPECT_EQ(consistOfRow(context(), "c.CON"), msts.consists() + kPathSeparator + "c.CON");
+    EXPECT_EQ(consistOfRow(context(), "own.wav"), std::nullopt);
+}
+
+// With no window the rows are tested on all cores: the reports, logs and counts must be those
+// of the run on one thread, record for record.
+TEST_F(TestRuns, ARunOnAllCoresWritesWhatARunOnOneThreadWrites) {
+    for (int i = 0; i < 40; ++i) {
+        const std::string name = "u" + std::to_string(i);
+        addEngine("F" + std::to_string(i % 7), name + ".eng",
+                  i % 3 ? soundEngine(name) : "Wagon ( " + name + " x\n\tMass ( 1t\n)\n",
+                  i % 5 != 0, "Unit " + name);
+    }
+    const auto testAll = [&](const TestContext& test) {
+        run = TestRun{};
+        fillSection(run, test, TestSection::Engines, "All");
+        selectAllRows(run, true);
+        run.duplicates = true;
+        (void)runTests(run, test);
+        return std::make_pair(run, report("EngSyntax.txt") + report("EngShapes.txt"));
+    };
+    const auto [onCores, coresReports] = testAll(context());
+    scriptedHost.pressAt = -1;
+    const auto [onOne, oneReports] = testAll(scripted());
+    EXPECT_EQ(coresReports, oneReports);
+    EXPECT_GT(onCores.counts.errorCount, 20);
+    EXPECT_EQ(onCores.counts.errorCount, onOne.counts.errorCount);
+    EXPECT_EQ(onCores.counts.categories, onOne.counts.categories);
+    EXPECT_EQ(onCores.testedShapes, onOne.testedShapes);
+    EXPECT_EQ(onCores.filesTestedText, onOne.filesTestedText);
+}
+
 TEST_F(TestRuns, ReportsByModeAndCategory) {
     EXPECT_EQ(reportName("eng", 7), "EngShapes.txt");
     EXPECT_EQ(reportName("eng", 4), "EngCabViews.txt");

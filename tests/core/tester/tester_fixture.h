@@ -31,6 +31,8 @@ protected:
         state->paths.programFolder = msts.home();
         state->paths.mstsPath = msts.msts();
         state->paths.trainsetPath = msts.trainset();
+        state->paths.consistsPath = msts.consists();
+        state->paths.soundPath = msts.msts() + "/SOUND";
         state->paths.editorPath = "/usr/bin/gedit";
         std::filesystem::create_directories(msts.home() + "/Reports");
     }
@@ -40,6 +42,14 @@ protected:
     std::size_t addEngine(const std::string& folder, const std::string& file,
                           const std::string& text, bool withShape = true,
                           const std::string& display = "A sound engine") {
+        return addUnit(UnitClass::Engine, folder, file, text, withShape, display);
+    }
+    std::size_t addWagon(const std::string& folder, const std::string& file,
+                         const std::string& text, bool withShape = true) {
+        return addUnit(UnitClass::Wagon, folder, file, text, withShape, "A sound wagon");
+    }
+    std::size_t addUnit(UnitClass which, const std::string& folder, const std::string& file,
+                        const std::string& text, bool withShape, const std::string& display) {
         const std::string stem = file.substr(0, file.rfind('.'));
         msts.write("TRAINS/TRAINSET/" + folder + "/" + file, text);
         if (withShape) {
@@ -48,20 +58,32 @@ protected:
                        "shape ( " + stem + ".s\n\tESD_Detail_Level ( 0 )\n)\n");
         }
         auto& catalogue = state->catalogue;
-        UnitRecord& unit = catalogue.engines[catalogue.engineCount];
+        const bool engine = which == UnitClass::Engine;
+        std::size_t& count = engine ? catalogue.engineCount : catalogue.wagonCount;
+        UnitRecord& unit = engine ? catalogue.engines[count] : catalogue.wagons[count];
         unit.folderName = folder;
         unit.folderPath = joinPath(msts.trainset(), folder);
         unit.fileName = file;
         unit.displayName = display;
-        unit.unitType = "Diesel";
-        unit.hasCab = true;
-        return catalogue.engineCount++;
+        unit.unitType = engine ? "Diesel" : "Freight";
+        unit.hasCab = engine;
+        return count++;
     }
     TestContext context() { return {state->paths, state->catalogue, fake.services, host}; }
     void testEngine(std::size_t index) {
         run.testMode = "eng";
         run.section = TestSection::Engines;
         testThisEngine(run, context(), index);
+    }
+    void testWagon(std::size_t index) {
+        run.testMode = "wag";
+        run.section = TestSection::Wagons;
+        testThisWagon(run, context(), index);
+    }
+    void testConsist(const std::string& name) {
+        run.testMode = "con";
+        run.section = TestSection::Consists;
+        testThisConsist(run, context(), name);
     }
     std::string report(const std::string& name) const {
         return msts.read("home/Reports/" + name);
