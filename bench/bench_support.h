@@ -12,6 +12,7 @@
 #include "core/platform/desktop.h"
 #include "core/platform/dialogs.h"
 #include "core/platform/system.h"
+#include "core/settings/settings_record.h"
 
 namespace rakeyard::bench {
 
@@ -44,6 +45,19 @@ inline bool readWhole(const std::string& path, std::vector<char>& bytes) {
     bytes.resize(static_cast<std::size_t>(*size));
     bytes.resize(file.readInto(bytes.data(), bytes.size()).value_or(0));
     return true;
+}
+
+// The paths of an installation at msts as the settings give them, the program's folder at home,
+// an editor set so that runs offer their reports.
+inline void setBenchPaths(PathGlobals& paths, const std::string& msts, const std::string& home) {
+    paths.programFolder = home;
+    paths.mstsPath = msts;
+    paths.trainsetPath = msts + "/TRAINS/TRAINSET";
+    paths.consistsPath = msts + "/TRAINS/CONSISTS";
+    paths.soundPath = msts + "/SOUND";
+    paths.editorPath = "/bin/true";
+    paths.engineFilter = "All";
+    paths.wagonFilter = "All";
 }
 
 using sys::cpuSeconds;

@@ -111,12 +111,7 @@ int main(int argc, char** argv) {
     std::filesystem::create_directories(home / "Reports");
 
     auto state = std::make_unique<AppState>();
-    state->paths.programFolder = home.string();
-    state->paths.mstsPath = msts;
-    state->paths.trainsetPath = msts + "/TRAINS/TRAINSET";
-    state->paths.consistsPath = msts + "/TRAINS/CONSISTS";
-    state->paths.soundPath = msts + "/SOUND";
-    state->paths.editorPath = "/bin/true";
+    setBenchPaths(state->paths, msts, home.string());
     RecordingFileSystem fs;
     OkDialogs dialogs;
     NoProgress progress;

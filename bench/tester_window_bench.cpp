@@ -65,13 +65,7 @@ int main(int argc, char** argv) {
     std::filesystem::create_directories(home / "Reports");
 
     auto state = std::make_unique<AppState>();
-    state->paths.programFolder = home.string();
-    state->paths.mstsPath = msts;
-    state->paths.trainsetPath = msts + "/TRAINS/TRAINSET";
-    state->paths.consistsPath = msts + "/TRAINS/CONSISTS";
-    state->paths.soundPath = msts + "/SOUND";
-    state->paths.editorPath = "/bin/true";
-    state->paths.engineFilter = "All";
+    setBenchPaths(state->paths, msts, home.string());
     LocalFileSystem fs;
     OkDialogs dialogs;
     NoProgress progress;

@@ -6,6 +6,9 @@
 #include "cli/cli_json.h"
 #include "cli/commands.h"
 #include "core/msts/route_scan.h"
+#include "core/platform/paths.h"
+#include "core/tester/loose_test.h"
+#include "core/tester/reports.h"
 #include "core/platform/text_utf.h"
 
 namespace rakeyard::cli {
@@ -41,6 +44,18 @@ const ActivityEntry* findActivity(const RouteTables& tables, const ActivityScan&
             return &entry;
     }
     return nullptr;
+}
+
+// Opens the scan and selects the route a ROUTE operand names. kExitDone, or the status to end
+// with: bad usage for an unknown route, found when a failure ended the route's pass.
+int openRoute(CliContext& context, const std::string& given, ActivityScan& scan) {
+    const PathGlobals& paths = context.state->paths;
+    RouteTables& tables = context.state->routes;
+    openActivityScan(paths, tables, scan, context.services);
+    const RouteEntry* route = findRoute(tables, given);
+    if (!route) return usageError(context, "no route " + given);
+    if (!selectRoute(paths, tables, scan, context.services, route->routeName)) return kExitFound;
+    return kExitDone;
 }
 
 void printLines(const std::vector<std::string>& lines) {
@@ -85,10 +100,7 @@ int runActivities(CliContext& context, CommandArguments& arguments) {
     const PathGlobals& paths = context.state->paths;
     RouteTables& tables = context.state->routes;
     ActivityScan scan;
-    openActivityScan(paths, tables, scan, context.services);
-    const RouteEntry* route = findRoute(tables, operands[0]);
-    if (!route) return usageError(context, "no route " + operands[0]);
-    if (!selectRoute(paths, tables, scan, context.services, route->routeName)) return kExitFound;
+    if (int status = openRoute(context, operands[0], scan); status != kExitDone) return status;
     context.endProgress();
     if (operands.size() == 1) {
         if (!context.options.json) {
@@ -118,6 +130,46 @@ int runActivities(CliContext& context, CommandArguments& arguments) {
         std::printf("Missing: %s\n", missing.c_str());
     std::printf("Loose: %d\n", scan.looseCount);
     return kExitDone;
+}
+
+// The loose consist test of the activities named, or of all with --all, in one set of reports.
+int runLooseTest(CliContext& context, CommandArguments& arguments) {
+    const bool all = arguments.takeFlag("--all");
+    const std::vector<std::string> operands = arguments.operands();
+    if (!arguments.error().empty()) return usageError(context, arguments.error());
+    if (operands.empty() || (all == (operands.size() > 1)))
+        return usageError(context, "loose-test takes ROUTE and ACTIVITY... or --all");
+    if (int status = context.startUp(); status != kExitDone) return status;
+    const PathGlobals& paths = context.state->paths;
+    RouteTables& tables = context.state->routes;
+    ActivityScan scan;
+    if (int status = openRoute(context, operands[0], scan); status != kExitDone) return status;
+    std::vector<std::string> names = scan.activityNames;
+    if (!all) {
+        names.clear();
+        for (std::size_t i = 1; i < operands.size(); ++i) {
+            const ActivityEntry* activity = findActivity(tables, scan, operands[i]);
+            if (!activity)
+                return usageError(context, "no activity " + operands[i] + " in " + operands[0]);
+            names.push_back(activity->activityName);
+        }
+    }
+    const bool found = testLooseConsists(paths, tables, scan, context.services, names);
+    context.endProgress();
+    const std::string folder = context.fs.resolve(reportsFolder(paths));
+    const std::vector<std::string> reports = existingReports(paths, context.fs, "act");
+    if (context.options.json) {
+        Json written = Json::array();
+        for (const std::string& report : reports)
+            written.push_back(joinPath(folder, report));
+        printJson(Json{{"activities", names.size()}, {"faults", found}, {"reports", written}});
+    } else {
+        std::printf("Activities tested: %zu\n%s\n", names.size(),
+                    found ? "Faults found" : "No errors found.");
+        for (const std::string& report : reports)
+            std::printf("Report: %s\n", joinPath(folder, report).c_str());
+    }
+    return found ? kExitFound : kExitDone;
 }
 
 }  // namespace rakeyard::cli

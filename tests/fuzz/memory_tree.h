@@ -16,9 +16,20 @@ public:
     std::map<std::string, std::string> files;
     std::vector<std::string> touched;
 
+    // The files and folders right below folder, in name order.
     std::vector<DirEntry> listFolder(const std::string& folder) override {
-        touch(folder);
-        return {};
+        std::map<std::string, bool> below;
+        const std::string prefix = touch(folder) + "/";
+        for (const auto& [name, bytes] : files) {
+            if (!name.starts_with(prefix)) continue;
+            const std::string rest = name.substr(prefix.size());
+            const std::size_t cut = rest.find('/');
+            below[rest.substr(0, cut)] = below[rest.substr(0, cut)] || cut != std::string::npos;
+        }
+        std::vector<DirEntry> entries;
+        for (const auto& [name, isFolder] : below)
+            entries.push_back({name, isFolder});
+        return entries;
     }
     bool isFolder(const std::string& path) override {
         const std::string prefix = touch(path) + "/";

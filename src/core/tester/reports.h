@@ -15,6 +15,10 @@ namespace rakeyard {
 // closed by CR LF.
 
 [[nodiscard]] std::string reportsFolder(const PathGlobals& paths);
+// Told when a run found errors and there is no editor to show the reports in.
+inline constexpr std::string_view kNoEditorForReports =
+    "It isn't possible to show the error list.\nPlease select \"Options\" from the menu and "
+    "select a text editor program.";
 // The report of a category in a mode; none where the mode has no such report (a code outside
 // 1 to 7 included).
 [[nodiscard]] std::optional<std::string> reportName(std::string_view testMode, int category);

@@ -228,10 +228,7 @@ bool runTests(TestRun& run, const TestContext& context) {
     }
     if (run.counts.errorCount == 0) return false;
     if (!context.paths.editorPath.empty()) return true;
-    dialogs.report(
-        "It isn't possible to show the error list.\nPlease select \"Options\" from the menu and "
-        "select a text editor program.",
-        Icon::Exclamation);
+    dialogs.report(kNoEditorForReports, Icon::Exclamation);
     return false;
 }
 

@@ -1,7 +1,6 @@
 #include "ui/windows/frmAct.h"
 
 #include <QCheckBox>
-#include <QGridLayout>
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
@@ -9,11 +8,14 @@
 #include <QVBoxLayout>
 
 #include "core/platform/system_words.h"
+#include "core/tester/loose_test.h"
+#include "core/tester/reports.h"
 #include "ui/support/handler_guard.h"
 #include "ui/support/window_helpers.h"
 #include "ui/windows/frmDiag.h"
 #include "ui/windows/frmErrTyp.h"
 #include "ui/windows/qt_services.h"
+#include "ui/windows/wait_scope.h"
 
 namespace rakeyard::ui {
 
@@ -65,25 +67,25 @@ frmAct::frmAct(AppState& state, Services& services, QWidget* parent)
     cmdShowErr = button("cmdShowErr", "S&how lists", this);
     cmdShowErr->setToolTip("Show error lists");
     Command1 = button("Command1", "&Exit", this);
-    // The test of loose consists comes with a later version.
-    cmdTestLoose->setEnabled(false);
-    Check1->setEnabled(false);
     cmdLoad->setEnabled(false);
     cmdShowErr->setEnabled(false);
 
-    auto* lists = new QGridLayout();
-    lists->addLayout(captioned("Routes", lblRoutes, listRoutes), 0, 0);
-    lists->addLayout(captioned("Activities", lblActivities, listAct), 0, 1);
+    // The consists' lines are the longest: their list takes two thirds of the width.
+    auto* top = new QHBoxLayout();
+    top->addLayout(captioned("Routes", lblRoutes, listRoutes), 1);
+    top->addLayout(captioned("Activities", lblActivities, listAct), 1);
     auto* loose = new QHBoxLayout();
     loose->addWidget(new QLabel("Loose"));
     loose->addWidget(Label9);
     loose->addStretch();
     auto* consists = captioned("Consists", lblConsists, listCon);
     consists->addLayout(loose);
-    lists->addLayout(consists, 1, 0);
-    lists->addLayout(captioned("Missing consists", nullptr, listMiss), 1, 1);
-    lists->setColumnStretch(0, 1);
-    lists->setColumnStretch(1, 1);
+    auto* bottom = new QHBoxLayout();
+    bottom->addLayout(consists, 2);
+    bottom->addLayout(captioned("Missing consists", nullptr, listMiss), 1);
+    auto* lists = new QVBoxLayout();
+    lists->addLayout(top, 1);
+    lists->addLayout(bottom, 1);
     auto* buttons = new QHBoxLayout();
     for (QWidget* widget : std::initializer_list<QWidget*>{cmdTest, cmdTestLoose, Check1})
         buttons->addWidget(widget);
@@ -102,6 +104,8 @@ frmAct::frmAct(AppState& state, Services& services, QWidget* parent)
     connect(listMiss, &QListWidget::itemActivated, this, &frmAct::listMiss_DblClick);
     connect(cmdLoad, &QPushButton::clicked, this, &frmAct::listCon_DblClick);
     connect(cmdTest, &QPushButton::clicked, this, &frmAct::cmdTest_Click);
+    connect(cmdTestLoose, &QPushButton::clicked, this, &frmAct::cmdTestLoose_Click);
+    connect(Check1, &QCheckBox::toggled, this, &frmAct::Check1_Click);
     connect(cmdShowErr, &QPushButton::clicked, this, &frmAct::cmdShowErr_Click);
     connect(Command1, &QPushButton::clicked, this, &QDialog::close);
     listCon->installEventFilter(this);
@@ -128,6 +132,35 @@ void frmAct::listRoutes_Click() {
     listCon->clear();
     listMiss->clear();
     lblActivities->setText(QString::number(listAct->count()));
+    Check1_Click();
+}
+
+// With all activities to test, the first one is shown.
+void frmAct::Check1_Click() {
+    if (Check1->isChecked() && listAct->count() > 0) listAct->setCurrentRow(0);
+}
+
+void frmAct::cmdTestLoose_Click() {
+    if (listAct->count() == 0 || (!Check1->isChecked() && !listAct->currentItem())) return;
+    std::vector<std::string> names;
+    if (Check1->isChecked()) {
+        names = scan_.activityNames;
+    } else {
+        names.push_back(stdString(listAct->currentItem()->text()));
+    }
+    bool found = false;
+    runGuarded(services_.dialogs, [&] {
+        WaitScope wait("Please wait. Checking files...", services_.progress, this);
+        found = testLooseConsists(state_.paths, state_.routes, scan_, services_, names);
+    });
+    if (!found) {
+        services_.dialogs.report("No errors found.", Icon::Information);
+    } else if (state_.paths.editorPath.empty()) {
+        services_.dialogs.report(kNoEditorForReports, Icon::Exclamation);
+    } else {
+        cmdShowErr->setEnabled(true);
+        cmdShowErr_Click();
+    }
 }
 
 void frmAct::listAct_Click() {

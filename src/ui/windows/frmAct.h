@@ -45,6 +45,8 @@ private:
     void listCon_Delete();
     void listMiss_DblClick();
     void cmdTest_Click();
+    void cmdTestLoose_Click();
+    void Check1_Click();
     void cmdShowErr_Click();
     void showConsists();
 

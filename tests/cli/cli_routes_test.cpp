@@ -1,0 +1,76 @@
+// routes and activities on the sample installation and on published content.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <nlohmann/json.hpp>
+
+#include "cli/cli_runner.h"
+#include "support/msts_tree.h"
+
+namespace rakeyard::test {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::HasSubstr;
+
+CliRun scanOf(const std::string& msts, const std::string& home, std::vector<std::string> words) {
+    words.insert(words.begin(), {"--home", home, "--msts", msts, "--yes"});
+    return runCli(words);
+}
+
+// The route folder without a route file is not listed; two activities of one name are listed
+// twice and read together; a service's missing first consist leaves room for its second.
+TEST(RouteCommands, TheSampleRouteItsActivitiesAndTheirConsists) {
+    TempFolder folder;
+    const std::string msts = copySamples(folder.path());
+    const std::string home = folder / "home";
+    const CliRun routes = scanOf(msts, home, {"routes"});
+    EXPECT_EQ(routes.status, 0) << routes.err;
+    EXPECT_EQ(routes.out, "Rakeyard Valley Line\n");
+
+    const CliRun activities = scanOf(msts, home, {"activities", "ry_valley"});
+    EXPECT_EQ(activities.out, "Evening empties\nEvening empties\nMorning coal\n");
+
+    const CliRun evening =
+        scanOf(msts, home, {"--json", "activities", "Rakeyard Valley Line", "Evening empties"});
+    EXPECT_EQ(evening.status, 0) << evening.err;
+    const nlohmann::json one = nlohmann::json::parse(evening.out);
+    EXPECT_THAT(one["consists"],
+                ElementsAre("[PLAYER]  Tanks behind a loco that is not installed  "
+                            "[RY_Missing_Loco.con]",
+                            "[PLAYER]  [RY_Untitled.con]",
+                            "[TRAFFIC] Tanks behind a loco that is not installed  "
+                            "[RY_Missing_Loco.con]"));
+    EXPECT_THAT(one["missing"], ElementsAre("RY_Parcels.con"));
+
+    const CliRun morning = scanOf(msts, home, {"activities", "RY_Valley", "ry_morning_coal.act"});
+    EXPECT_THAT(morning.out, HasSubstr("[TRAFFIC] Steam special"));
+    EXPECT_THAT(morning.out, HasSubstr("Loose: 1\n"));
+
+    const CliRun unknown = scanOf(msts, home, {"activities", "Nowhere"});
+    EXPECT_EQ(unknown.status, 2);
+
+    // The loose consists' units: a missing engine and wagons, a line without its ")".
+    const CliRun loose = scanOf(msts, home, {"loose-test", "RY_Valley", "--all"});
+    EXPECT_EQ(loose.status, 1) << loose.err;
+    EXPECT_THAT(readWholeFile(home + "/Reports/ActMissing.txt"), HasSubstr("RY_Class08.ENG"));
+    EXPECT_THAT(readWholeFile(home + "/Reports/ActSyntax.txt"), HasSubstr("\"WagonData\""));
+    EXPECT_EQ(scanOf(msts, home, {"loose-test", "RY_Valley"}).status, 2);
+}
+
+TEST(RouteCommands, PublishedActivityWithItsLooseConsists) {
+    const std::filesystem::path demo =
+        std::filesystem::path(RAKEYARD_REALDATA_DIR) / "cjakeman_Demo-Model-1";
+    if (!std::filesystem::is_directory(demo)) GTEST_SKIP() << "no real content here";
+    TempFolder folder;
+    const CliRun run = scanOf(demo.string(), folder / "home",
+                              {"--json", "activities", "SCE", "0930 Edinburgh-Glasgow Queen Street"});
+    EXPECT_EQ(run.status, 0) << run.err;
+    const nlohmann::json one = nlohmann::json::parse(run.out);
+    EXPECT_EQ(one["loose"], 16);
+    EXPECT_THAT(one["consists"].dump(), HasSubstr("#MT_MT_BlueGrey CL47706 & 8 mk.con"));
+}
+
+}  // namespace
+}  // namespace rakeyard::test
