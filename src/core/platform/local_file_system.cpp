@@ -49,10 +49,11 @@ constexpr std::size_t kChunkSize = 64 * 1024;
 
 // The last part of a listed entry's path. Where paths are UTF-8 already it is cut from the
 // path's text, with no parsing of the path into parts (a listing makes thousands of these).
-std::string lastPartOf(const std::string& native) {
+// One of the two is the system's: paths are held in 8 bits or in UTF-16.
+[[maybe_unused]] std::string lastPartOf(const std::string& native) {
     return native.substr(native.rfind('/') + 1);
 }
-std::string lastPartOf(const std::wstring& native) {
+[[maybe_unused]] std::string lastPartOf(const std::wstring& native) {
     return sys::utf8Path(fs::path(native).filename());
 }
 std::string entryName(const fs::path& path) {

@@ -62,8 +62,7 @@ struct WindowsVersion {
                                 const std::vector<std::string>& arguments);
 // Runs a program and waits for it: stdin empty, stdout and stderr into the files named. The exit
 // status; -1 when it could not be started or did not end by itself.
-[[nodiscard]] int runProgram(const std::string& program,
-                             const std::vector<std::string>& arguments,
+[[nodiscard]] int runProgram(const std::string& program, const std::vector<std::string>& arguments,
                              const std::string& outPath, const std::string& errPath);
 // A command line that Windows programs split back into exactly these words (the rules of
 // CommandLineToArgvW and the C runtime): a word with a blank, a tab or a double quote, or an
@@ -112,8 +111,7 @@ private:
 
 // The size of a regular file at exactly path; nullopt for anything else. missing tells a path
 // that was not found from other failures.
-[[nodiscard]] std::optional<std::uintmax_t> regularFileSize(const std::string& path,
-                                                            bool& missing);
+[[nodiscard]] std::optional<std::uintmax_t> regularFileSize(const std::string& path, bool& missing);
 // Flushes a stream and the system's buffers of its file to the disk: 0, else an errno value.
 [[nodiscard]] int syncFile(std::FILE* file);
 // Makes a rename in folder durable where the system needs that done apart.

@@ -25,7 +25,9 @@ TEST_F(RestoreEngine, PutsTheBackupBackUnderTheNameInUpperCase) {
     std::vector<std::string> names;
     for (const auto& entry : std::filesystem::directory_iterator(path("Tgt")))
         names.push_back(entry.path().filename().string());
-    if (caseRenamed) EXPECT_EQ(names, Texts{"TGT.ENG"});
+    if (caseRenamed) {
+        EXPECT_EQ(names, Texts{"TGT.ENG"});
+    }
     EXPECT_EQ(names.size(), 1u);
     // Where case is one, the rename has replaced the old file: nothing is left for the bin.
     EXPECT_EQ(fake.desktop.trashed, caseApart ? Texts{path("Tgt/Tgt.eng")} : Texts{});
