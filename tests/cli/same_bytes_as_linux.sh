@@ -1,8 +1,8 @@
 #!/usr/bin/env bash
 # Runs the Linux rakeyard-cli and the Windows one (under Wine) on two copies of the sample
-# installation: both catalogues, consist new (a name in Czech and Japanese), consist copy and
-# unicode convert. Their stdout and every file under the two installations must be the same
-# bytes. Usage: same_bytes_as_linux.sh LINUX_CLI WINDOWS_CLI SAMPLES
+# installation: both catalogues, consist new and show (a name in Czech and Japanese, printed on
+# the console), consist copy and unicode convert. Their stdout and every file under the two
+# installations must be the same bytes. Usage: same_bytes_as_linux.sh LINUX_CLI WINDOWS_CLI SAMPLES
 set -euo pipefail
 linux_cli=$1 windows_cli=$2 samples=$3
 work=$(mktemp -d)
@@ -22,6 +22,7 @@ for side in linux windows; do
         run_$side catalogue engines
         run_$side catalogue wagons
         run_$side consist new "Vlak č 日本" RY_Class37 RY_Coal16t eng:RY_Class20
+        run_$side consist show "VLAK č 日本"
         run_$side consist copy RY_Coal_Up "RY Coal copy"
     } > "$work/$side.out" 2> "$work/$side.err"
     # The files converted, each a line, with the paths of the platform below its own folder.
