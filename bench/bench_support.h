@@ -1,20 +1,17 @@
 #pragma once
 // What the benchmarks share: services that answer and start nothing, a plain whole-file read,
 // and the timing of contenders that take turns.
-#include <fcntl.h>
-#include <sys/resource.h>
-#include <sys/stat.h>
-#include <unistd.h>
-
 #include <algorithm>
 #include <chrono>
 #include <cstdio>
 #include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
 #include "core/platform/desktop.h"
 #include "core/platform/dialogs.h"
+#include "core/platform/system.h"
 #include "core/settings/settings_record.h"
 
 namespace rakeyard::bench {
@@ -39,23 +36,14 @@ public:
     void openUrl(std::string_view) override {}
 };
 
+// The plain read: one open, one look at the size, as few reads as the system allows.
 inline bool readWhole(const std::string& path, std::vector<char>& bytes) {
-    const int file = ::open(path.c_str(), O_RDONLY);
-    if (file < 0) return false;
-    struct stat status {};
-    if (::fstat(file, &status) != 0) {
-        ::close(file);
-        return false;
-    }
-    bytes.resize(static_cast<std::size_t>(status.st_size));
-    std::size_t got = 0;
-    while (got < bytes.size()) {
-        const ssize_t n = ::read(file, bytes.data() + got, bytes.size() - got);
-        if (n <= 0) break;
-        got += static_cast<std::size_t>(n);
-    }
-    ::close(file);
-    bytes.resize(got);
+    sys::ReadOnlyFile file;
+    if (!file.open(path)) return false;
+    const std::optional<std::uintmax_t> size = file.regularFileSize();
+    if (!size) return false;
+    bytes.resize(static_cast<std::size_t>(*size));
+    bytes.resize(file.readInto(bytes.data(), bytes.size()).value_or(0));
     return true;
 }
 
@@ -72,18 +60,8 @@ inline void setBenchPaths(PathGlobals& paths, const std::string& msts, const std
     paths.wagonFilter = "All";
 }
 
-inline double cpuSeconds() {
-    rusage usage{};
-    getrusage(RUSAGE_SELF, &usage);
-    const auto seconds = [](const timeval& t) { return t.tv_sec + t.tv_usec / 1e6; };
-    return seconds(usage.ru_utime) + seconds(usage.ru_stime);
-}
-
-inline long peakMegabytes() {
-    rusage usage{};
-    getrusage(RUSAGE_SELF, &usage);
-    return usage.ru_maxrss / 1024;
-}
+using sys::cpuSeconds;
+using sys::peakMegabytes;
 
 // The wall and CPU times of each run of one contender, and the peak memory after it.
 struct Timings {

@@ -11,11 +11,6 @@
 // process's CPU time (user + system) over the run. Prints the figures, the ratios to the floor
 // and the process's peak memory after the first run of each (the contenders' peaks add up in
 // that order, so each figure is at most its own).
-#include <fcntl.h>
-#include <sys/resource.h>
-#include <sys/stat.h>
-#include <unistd.h>
-
 #include <algorithm>
 #include <chrono>
 #include <cstdio>

@@ -94,8 +94,8 @@ std::size_t floorOf(const std::vector<std::string>& read, const std::vector<std:
     for (const std::string& path : read)
         if (readWhole(path, bytes)) total += bytes.size();
     for (const std::string& path : sized) {
-        struct stat status {};
-        if (::stat(path.c_str(), &status) == 0) total += static_cast<std::size_t>(status.st_size);
+        bool missing = false;
+        total += static_cast<std::size_t>(sys::regularFileSize(path, missing).value_or(0));
     }
     return total;
 }

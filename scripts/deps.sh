@@ -1,13 +1,18 @@
-# Sourced by scripts/run and scripts/test: installs the Debian packages the build, the tests and
-# the screenshot need, when they are missing. apt-get update runs only when something is missing.
+# Sourced by scripts/run, scripts/test and scripts/test-windows: installs the Debian packages the
+# build, the tests and the screenshot need, when they are missing. apt-get update runs only when
+# something is missing.
 RAKEYARD_PACKAGES="cmake ninja-build g++ qt6-base-dev libgl-dev libgtest-dev libgmock-dev
     nlohmann-json3-dev xvfb xauth imagemagick x11-utils xdotool python3 libxkbcommon-x11-0
     libxcb-cursor0 fonts-dejavu-core"
 
+# What the Windows cross build and its run under Wine need besides.
+RAKEYARD_WINDOWS_PACKAGES="g++-mingw-w64-x86-64-posix wine wine64 googletest"
+
+# Installs the packages named (RAKEYARD_PACKAGES when none) that are not installed yet.
 install_missing_packages() {
     local missing=()
     local package
-    for package in $RAKEYARD_PACKAGES; do
+    for package in ${*:-$RAKEYARD_PACKAGES}; do
         dpkg -s "$package" >/dev/null 2>&1 || missing+=("$package")
     done
     [ ${#missing[@]} -eq 0 ] && return 0

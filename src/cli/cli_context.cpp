@@ -2,7 +2,7 @@
 
 #include "cli/path_options.h"
 #include "core/app/start_up.h"
-#include "core/platform/console.h"
+#include "core/platform/system.h"
 #include "core/platform/program_folder.h"
 
 namespace rakeyard::cli {
@@ -31,7 +31,7 @@ private:
 
 CliContext::CliContext(GlobalOptions globalOptions)
     : options(std::move(globalOptions)),
-      progress(isTerminal(stderr)),
+      progress(sys::isTerminal(stderr)),
       dialogs(options.answer, stderr) {
     dialogs.setBeforeMessage(&progress);
 }

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "cli/commands.h"
+#include "core/platform/system.h"
 
 namespace rakeyard::cli {
 namespace {
@@ -162,8 +163,9 @@ int usageError(CliContext& context, std::string_view text) {
 }  // namespace rakeyard::cli
 
 int main(int argc, char** argv) {
+    rakeyard::sys::prepareConsole();
     try {
-        return rakeyard::cli::run(std::vector<std::string>(argv + 1, argv + argc));
+        return rakeyard::cli::run(rakeyard::sys::commandLineArguments(argc, argv));
     } catch (const std::exception& failure) {
         std::fprintf(stderr, "error: %s\n", failure.what());
         return rakeyard::cli::kExitUsage;

@@ -1,6 +1,5 @@
 #include "cli/unit_names.h"
 
-#include <filesystem>
 #include <span>
 
 #include "core/msts/find_unit.h"
@@ -74,8 +73,7 @@ NamedUnitResult findNamedUnit(const UnitCatalogue& catalogue, std::string_view n
 std::string consistPathOf(FileSystem& fs, const PathGlobals& paths, std::string_view argument) {
     const std::string given = nativeSeparators(argument);
     const bool isPath = given.find(kPathSeparator) != std::string::npos || fs.isFile(given);
-    std::string path = isPath ? std::filesystem::absolute(given).lexically_normal().string()
-                              : joinPath(paths.consistsPath, given);
+    std::string path = isPath ? wholePath(given) : joinPath(paths.consistsPath, given);
     if (!fs.isFile(path) && !endsWithNoCase(path, ".con")) path += ".con";
     return fs.resolve(path);
 }

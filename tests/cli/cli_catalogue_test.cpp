@@ -7,6 +7,7 @@
 
 #include "cli/cli_runner.h"
 #include "support/msts_tree.h"
+#include "core/platform/paths.h"
 
 namespace rakeyard::test {
 namespace {
@@ -128,7 +129,7 @@ TEST_F(Catalogue, JsonGivesTheRecordsInCatalogueOrderWithTheirFields) {
     EXPECT_EQ(records[1]["fileName"], "Zeta.eng");
     EXPECT_EQ(records[2]["fileName"], "Mogul.eng");
     const nlohmann::json& zeta = records[1];
-    EXPECT_EQ(zeta["folderPath"], msts.trainset() + "/Diesels");
+    EXPECT_EQ(zeta["folderPath"], joinPath(msts.trainset(), "Diesels"));
     EXPECT_EQ(zeta["folderName"], "Diesels");
     EXPECT_EQ(zeta["displayName"], "Zeta diesel");
     EXPECT_EQ(zeta["unitType"], "Diesel");

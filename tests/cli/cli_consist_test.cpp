@@ -9,6 +9,7 @@
 
 #include "cli/cli_runner.h"
 #include "support/msts_tree.h"
+#include "core/platform/paths.h"
 
 namespace rakeyard::test {
 namespace {
@@ -169,8 +170,9 @@ TEST_F(ConsistCommands, CopyOverAnExistingConsistOverwritesOnlyWithYes) {
     const std::string before = readWholeFile(msts + "/TRAINS/CONSISTS/RY_PushPull.con");
     const CliRun declined = cli({"consist", "copy", "RY_Coal_Up", "RY_PushPull"});
     EXPECT_EQ(declined.status, 1);
-    EXPECT_THAT(declined.err, HasSubstr("question: Overwrite this consist?\n" + msts +
-                                        "/TRAINS/CONSISTS/RY_PushPull.con -> No"));
+    EXPECT_THAT(declined.err,
+                HasSubstr("question: Overwrite this consist?\n" +
+                          nativeSeparators(msts + "/TRAINS/CONSISTS/RY_PushPull.con -> No")));
     EXPECT_THAT(declined.err,
                 HasSubstr("warning: The consist was not saved: nothing was written."));
     EXPECT_EQ(readWholeFile(msts + "/TRAINS/CONSISTS/RY_PushPull.con"), before);
@@ -227,7 +229,7 @@ TEST_F(ConsistCommands, AConsistNotLoadedWholeIsShownWithStatus1AndNeverCopied) 
 std::map<std::string, std::string> filesUnder(const std::string& root) {
     std::map<std::string, std::string> files;
     for (const auto& entry : std::filesystem::recursive_directory_iterator(root))
-        if (entry.is_regular_file()) files[entry.path().string()] = readWholeFile(entry.path());
+        if (entry.is_regular_file()) files[entry.path().string()] = readWholeFile(entry.path().string());
     return files;
 }
 
@@ -245,6 +247,7 @@ TEST_F(ConsistCommands, NamesThatAreNotPlainFileNamesAreRefusedWithNothingWritte
 }
 
 TEST_F(ConsistCommands, AUnitNameMatchingTwoUnitsByCaseOnlyMustBeExact) {
+    if (!keepsCaseApart(msts)) GTEST_SKIP() << "this file system takes both for one name";
     const std::string folder = msts + "/TRAINS/TRAINSET/RY_Class37/";
     const std::string original = readWholeFile(folder + "RY_Class37.eng");
     for (const std::string name : {"ry_class37", "RY_CLASS37"}) {

@@ -1,12 +1,9 @@
 #include "cli/cli_runner.h"
 
-#include <fcntl.h>
-#include <sys/wait.h>
-#include <unistd.h>
-
 #include <filesystem>
 #include <sstream>
 
+#include "core/platform/system.h"
 #include "support/msts_tree.h"
 
 namespace rakeyard::test {
@@ -15,26 +12,8 @@ CliRun runCli(const std::vector<std::string>& arguments) {
     TempFolder capture;
     const std::string outPath = capture / "out";
     const std::string errPath = capture / "err";
-    std::vector<char*> argv{const_cast<char*>(RAKEYARD_CLI_PATH)};
-    for (const std::string& argument : arguments)
-        argv.push_back(const_cast<char*>(argument.c_str()));
-    argv.push_back(nullptr);
-
-    const pid_t child = fork();
-    if (child == 0) {
-        const int in = open("/dev/null", O_RDONLY);
-        const int out = open(outPath.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600);
-        const int err = open(errPath.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600);
-        dup2(in, 0);
-        dup2(out, 1);
-        dup2(err, 2);
-        execv(RAKEYARD_CLI_PATH, argv.data());
-        _exit(127);
-    }
     CliRun run;
-    int status = 0;
-    if (child > 0 && waitpid(child, &status, 0) == child && WIFEXITED(status))
-        run.status = WEXITSTATUS(status);
+    run.status = sys::runProgram(RAKEYARD_CLI_PATH, arguments, outPath, errPath);
     run.out = readWholeFile(outPath);
     run.err = readWholeFile(errPath);
     return run;

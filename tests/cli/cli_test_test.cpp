@@ -128,7 +128,9 @@ TEST(TestConsistsRealContent, UnitsThatAreNotInstalledAreMissing) {
     if (!std::filesystem::is_directory(consists)) GTEST_SKIP() << "no real content here";
     TempFolder folder;
     std::filesystem::create_directories(folder / "msts/TRAINS/TRAINSET");
-    std::filesystem::create_directory_symlink(consists, folder / "msts/TRAINS/CONSISTS");
+    std::error_code ec;
+    std::filesystem::create_directory_symlink(consists, folder / "msts/TRAINS/CONSISTS", ec);
+    if (ec) GTEST_SKIP() << "no symbolic link can be made here: " << ec.message();
     const CliRun run = runCli({"--home", folder / "home", "--msts", folder / "msts", "--yes",
                                "--json", "test", "consists"});
     EXPECT_EQ(run.status, 1) << run.err;

@@ -6,6 +6,7 @@
 
 #include "cli/cli_runner.h"
 #include "support/msts_tree.h"
+#include "core/platform/paths.h"
 
 namespace rakeyard::test {
 namespace {
@@ -18,7 +19,7 @@ TEST(UnicodeCommands, CheckListsEightBitFilesWithStatus1AndConvertMakesThemPass)
     TempFolder folder;
     const std::string msts = copySamples(folder.path());
     const std::string home = folder / "home";
-    const std::string oldtimer = msts + "/TRAINS/TRAINSET/RY_Faulty/RY_Oldtimer.eng";
+    const std::string oldtimer = joinPath(msts, "TRAINS/TRAINSET/RY_Faulty/RY_Oldtimer.eng");
     const std::string eightBit = readWholeFile(oldtimer);
 
     const CliRun check = runCli({"--home", home, "--msts", msts, "unicode", "check"});
@@ -52,7 +53,8 @@ TEST(UnicodeCommands, CheckLooksAtCabViewsSoundsAndShapeDefinitionsToo) {
     const CliRun check = runCli({"--home", msts.home(), "--msts", msts.msts(), "unicode", "check"});
     EXPECT_EQ(check.status, 1);
     EXPECT_THAT(linesOf(check.out),
-                ElementsAre(msts.trainset() + "/Loco/CAB.CVF", msts.trainset() + "/Loco/loco.sd"));
+                ElementsAre(joinPath(msts.trainset(), "Loco/CAB.CVF"),
+                            joinPath(msts.trainset(), "Loco/loco.sd")));
 }
 
 }  // namespace

@@ -3,10 +3,10 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <cstdlib>
 #include <filesystem>
 
 #include "cli/cli_runner.h"
+#include "core/platform/system.h"
 #include "support/msts_tree.h"
 
 namespace rakeyard::test {
@@ -115,9 +115,9 @@ TEST(CliUsage, ASettingsRecordThatCannotBeWrittenEndsWithAnErrorStatus) {
 
 TEST(CliUsage, TheProgramFolderComesFromRakeyardHomeWithoutHome) {
     MstsTree msts;
-    ::setenv("RAKEYARD_HOME", msts.home().c_str(), 1);
+    sys::setEnvironment("RAKEYARD_HOME", msts.home());
     const CliRun run = runCli({"--msts", msts.msts(), "catalogue", "engines"});
-    ::unsetenv("RAKEYARD_HOME");
+    sys::setEnvironment("RAKEYARD_HOME", "");
     EXPECT_EQ(run.status, 0) << run.err;
     EXPECT_TRUE(std::filesystem::exists(msts.home() + "/settings.bin"));
 }
@@ -181,13 +181,15 @@ TEST(CliUsage, EditorAndViewerOptionsAreRefusedAsTheirWindowsRefuse) {
     EXPECT_EQ(viewer.status, 2);
     EXPECT_THAT(viewer.err, HasSubstr("error: You must also choose the executable file!"));
 
+    // A program the system has: on Windows one ending in ".exe".
+    const std::string program = sys::kWindows ? "C:\\windows\\notepad.exe" : "/bin/sh";
     const CliRun none = runCli({"--home", msts.home(), "--msts", msts.msts(), "--viewer", "NO",
-                                "--editor", "/bin/sh", "catalogue", "engines"});
+                                "--editor", program, "catalogue", "engines"});
     EXPECT_EQ(none.status, 0) << none.err;
     const std::string settings = msts.read("home/settings.bin");
     ASSERT_EQ(settings.size(), 1664u);
     EXPECT_EQ(settings.substr(0, 3), "NO ");
-    EXPECT_EQ(settings.substr(400, 8), "/bin/sh ");
+    EXPECT_EQ(settings.substr(400, program.size() + 1), program + " ");
 }
 
 }  // namespace

@@ -9,6 +9,8 @@
 
 namespace rakeyard::fuzz {
 
+// Paths are kept with "/" whatever separators the code under test joins them with (Windows'
+// "\\" among them).
 class MemoryTree : public FileSystem {
 public:
     std::map<std::string, std::string> files;
@@ -16,9 +18,8 @@ public:
 
     // The files and folders right below folder, in name order.
     std::vector<DirEntry> listFolder(const std::string& folder) override {
-        touch(folder);
         std::map<std::string, bool> below;
-        const std::string prefix = folder + "/";
+        const std::string prefix = touch(folder) + "/";
         for (const auto& [name, bytes] : files) {
             if (!name.starts_with(prefix)) continue;
             const std::string rest = name.substr(prefix.size());
@@ -31,25 +32,19 @@ public:
         return entries;
     }
     bool isFolder(const std::string& path) override {
-        touch(path);
-        const std::string prefix = path + "/";
+        const std::string prefix = touch(path) + "/";
         for (const auto& [name, bytes] : files)
             if (name.starts_with(prefix)) return true;
         return false;
     }
-    bool isFile(const std::string& path) override {
-        touch(path);
-        return files.count(path) > 0;
-    }
+    bool isFile(const std::string& path) override { return files.count(touch(path)) > 0; }
     std::optional<std::uintmax_t> fileSize(const std::string& path) override {
-        touch(path);
-        const auto found = files.find(path);
+        const auto found = files.find(touch(path));
         if (found == files.end()) return std::nullopt;
         return found->second.size();
     }
     std::optional<std::string> readFile(const std::string& path) override {
-        touch(path);
-        const auto found = files.find(path);
+        const auto found = files.find(touch(path));
         if (found == files.end()) return std::nullopt;
         return found->second;
     }
@@ -63,27 +58,21 @@ public:
         return ReadOutcome::Read;
     }
     WriteResult writeFile(const std::string& path, std::string_view bytes) override {
-        touch(path);
-        files[path] = std::string(bytes);
+        files[touch(path)] = std::string(bytes);
         return {true, ""};
     }
     bool appendFile(const std::string& path, std::string_view bytes) override {
-        touch(path);
-        files[path] += bytes;
+        files[touch(path)] += bytes;
         return true;
     }
-    bool removeFile(const std::string& path) override {
-        touch(path);
-        return files.erase(path) > 0;
-    }
+    bool removeFile(const std::string& path) override { return files.erase(touch(path)) > 0; }
     bool renameFile(const std::string& from, const std::string& to) override {
-        touch(from);
-        touch(to);
-        const auto found = files.find(from);
+        const auto found = files.find(touch(from));
+        const std::string target = touch(to);
         if (found == files.end()) return false;
         std::string bytes = std::move(found->second);
         files.erase(found);
-        files[to] = std::move(bytes);
+        files[target] = std::move(bytes);
         return true;
     }
     bool isLink(const std::string& path) override {
@@ -110,7 +99,12 @@ public:
     }
 
 private:
-    void touch(const std::string& path) { touched.push_back(path); }
+    // Records the path and gives it as the tree keeps it.
+    const std::string& touch(std::string path) {
+        for (char& c : path)
+            if (c == '\\') c = '/';
+        return touched.emplace_back(std::move(path));
+    }
 };
 
 // Services that show nothing and start nothing, over a memory tree.

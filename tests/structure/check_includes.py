@@ -1,12 +1,17 @@
 #!/usr/bin/env python3
 """Checks the include graph of src/: core has no Qt and no window code, no subsystem of core
 reaches up into core/app, and no two units (a header with its .cpp) or two folders depend on
-each other, however indirectly."""
+each other, however indirectly. Outside src/core/platform no file of src/, tests/ or bench/
+includes a system's own header: the system is reached through core/platform/system.h."""
 import pathlib
 import re
 import sys
 
-root = pathlib.Path(sys.argv[1] if len(sys.argv) > 1 else ".").resolve() / "src"
+top = pathlib.Path(sys.argv[1] if len(sys.argv) > 1 else ".").resolve()
+root = top / "src"
+system_header = re.compile(
+    r"^(unistd|spawn|fcntl|signal|dirent|pwd|poll|termios|dlfcn|io|process|direct|windows|"
+    r"shellapi|shlobj|psapi|winbase|winnt|sys/.*)\.h$", re.I)
 include = re.compile(r'^\s*#\s*include\s+[<"]([^">]+)[">]', re.M)
 
 
@@ -64,6 +69,16 @@ def find_cycles(graph, what):
         if node not in state:
             visit(node, [])
 
+
+for part in ("src", "tests", "bench"):
+    for path in sorted((top / part).rglob("*")):
+        if path.suffix not in (".h", ".cpp") or (root / "core/platform") in path.parents:
+            continue
+        for target in includes_of(path):
+            if system_header.match(target):
+                name = path.relative_to(top).as_posix()
+                faults.append(f"{name} includes {target}: the system is reached through "
+                              "core/platform/system.h")
 
 find_cycles(graph_by(unit), "file")
 find_cycles(graph_by(folder), "folder")

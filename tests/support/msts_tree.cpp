@@ -1,9 +1,10 @@
 #include "support/msts_tree.h"
 
-#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <mutex>
+#include <random>
 #include <stdexcept>
 
 #include "core/platform/text_utf.h"
@@ -13,9 +14,18 @@ namespace fs = std::filesystem;
 namespace rakeyard::test {
 
 TempFolder::TempFolder() {
-    std::string pattern = (fs::temp_directory_path() / "rakeyard-test-XXXXXX").string();
-    if (!mkdtemp(pattern.data())) throw std::runtime_error("cannot make a temporary folder");
-    path_ = pattern;
+    static std::mt19937_64 random{std::random_device{}()};
+    static std::mutex randomMutex;
+    const fs::path temp = fs::temp_directory_path();
+    for (int attempt = 0; attempt < 100 && path_.empty(); ++attempt) {
+        std::unique_lock lock(randomMutex);
+        const std::string name = "rakeyard-test-" + std::to_string(random() % 1000000000);
+        lock.unlock();
+        std::error_code ec;
+        // Made only when it was not there: another test's folder is never shared.
+        if (fs::create_directory(temp / name, ec)) path_ = (temp / name).string();
+    }
+    if (path_.empty()) throw std::runtime_error("cannot make a temporary folder");
 }
 
 TempFolder::~TempFolder() {
@@ -25,7 +35,7 @@ TempFolder::~TempFolder() {
 }
 
 std::string TempFolder::operator/(std::string_view relative) const {
-    return (fs::path(path_) / fs::path(relative)).string();
+    return (fs::path(path_) / fs::path(relative)).make_preferred().string();
 }
 
 MstsTree::MstsTree() {
@@ -68,13 +78,31 @@ std::string MstsTree::writeBytes(std::string_view relative, std::string_view byt
     fs::create_directories(path.parent_path());
     std::ofstream out(path, std::ios::binary | std::ios::trunc);
     out.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
-    return path.string();
+    return fs::path(path).make_preferred().string();
 }
 
 std::string MstsTree::writeProgram(std::string_view relative) {
     const std::string path = writeBytes(relative, "#!/bin/sh\n");
     fs::permissions(path, fs::perms::owner_exec, fs::perm_options::add);
     return path;
+}
+
+bool keepsCaseApart(const std::string& folder) {
+    const fs::path probe = fs::path(folder) / "case-probe";
+    std::ofstream{probe};
+    const bool apart = !fs::exists(fs::path(folder) / "CASE-PROBE");
+    fs::remove(probe);
+    return apart;
+}
+
+bool renamesCase(const std::string& folder) {
+    std::ofstream{fs::path(folder) / "case-probe"};
+    fs::rename(fs::path(folder) / "case-probe", fs::path(folder) / "CASE-PROBE");
+    bool renamed = false;
+    for (const auto& entry : fs::directory_iterator(folder))
+        renamed = renamed || entry.path().filename() == "CASE-PROBE";
+    fs::remove(fs::path(folder) / "CASE-PROBE");
+    return renamed;
 }
 
 std::string readWholeFile(const std::string& path) {

@@ -45,6 +45,12 @@ private:
     TempFolder root_;
 };
 
+// Whether the file system of folder keeps names that differ only in case apart (Linux's do;
+// Windows' take them for one name), and whether a rename that changes only a name's case takes
+// there (Wine's leave the old name).
+bool keepsCaseApart(const std::string& folder);
+bool renamesCase(const std::string& folder);
+
 // UTF-16 LE bytes of an ASCII or UTF-8 text, without a mark.
 std::string utf16Bytes(std::string_view text);
 // The whole file, or "" when it can't be read.

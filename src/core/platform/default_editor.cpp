@@ -1,27 +1,18 @@
 #include "core/platform/default_editor.h"
 
-#include <cstdlib>
 #include <filesystem>
+#include <optional>
 #include <vector>
 
 #include "core/platform/paths.h"
+#include "core/platform/system.h"
 #include "core/platform/text_utf.h"
-
-#ifdef _WIN32
-#include <windows.h>
-#endif
 
 namespace fs = std::filesystem;
 
 namespace rakeyard {
 
 namespace {
-
-#ifdef _WIN32
-constexpr char kSearchPathSeparator = ';';
-#else
-constexpr char kSearchPathSeparator = ':';
-#endif
 
 bool isExecutableFile(const std::string& path) {
     std::error_code ec;
@@ -37,7 +28,7 @@ std::vector<std::string_view> splitSearchPath(std::string_view searchPath) {
     std::vector<std::string_view> folders;
     std::size_t begin = 0;
     while (begin <= searchPath.size()) {
-        std::size_t end = searchPath.find(kSearchPathSeparator, begin);
+        std::size_t end = searchPath.find(sys::kSearchPathSeparator, begin);
         if (end == std::string_view::npos) end = searchPath.size();
         // An empty entry would mean the current folder, which is no place to look for a program.
         if (end > begin) folders.push_back(searchPath.substr(begin, end - begin));
@@ -49,21 +40,15 @@ std::vector<std::string_view> splitSearchPath(std::string_view searchPath) {
 }  // namespace
 
 bool isProgramFile(const std::string& path) {
-#ifdef _WIN32
+    if (!sys::kWindows) return isExecutableFile(path);
     std::error_code ec;
     const fs::path where(std::u8string(path.begin(), path.end()));
     return fs::is_regular_file(where, ec) && path.size() >= 4 &&
            upperAscii(path.substr(path.size() - 4)) == ".EXE";
-#else
-    return isExecutableFile(path);
-#endif
 }
 
 bool isTerminalEditor(std::string_view path) {
-#ifdef _WIN32
-    (void)path;
-    return false;  // Windows gives a console program a window of its own
-#else
+    if (sys::kWindows) return false;  // Windows gives a console program a window of its own
     // "editor" and "sensible-editor" are Debian's names for the user's terminal editor.
     static constexpr std::string_view kTerminalEditors[] = {
         "vi",    "vim",    "vim.basic", "vim.tiny", "nvim",   "view",   "ex",     "ed",
@@ -77,7 +62,6 @@ bool isTerminalEditor(std::string_view path) {
     for (std::string_view editor : kTerminalEditors)
         if (name == editor) return true;
     return false;
-#endif
 }
 
 std::string wordpadPathForVersion(unsigned long platformId, unsigned long major,
@@ -108,24 +92,12 @@ std::string findEditorOnPath(std::string_view searchPath) {
 }
 
 std::string defaultEditorPath() {
-#ifdef _WIN32
-    OSVERSIONINFOA version{};
-    version.dwOSVersionInfoSize = sizeof version;
-#ifdef _MSC_VER
-#pragma warning(push)
-#pragma warning(disable : 4996)  // the version as the program has always asked it
-#endif
-    const BOOL gotVersion = GetVersionExA(&version);
-#ifdef _MSC_VER
-#pragma warning(pop)
-#endif
-    if (!gotVersion) return "";
-    return wordpadPathForVersion(version.dwPlatformId, version.dwMajorVersion,
-                                 version.dwMinorVersion);
-#else
-    const char* searchPath = std::getenv("PATH");
-    return findEditorOnPath(searchPath ? searchPath : "");
-#endif
+    if (sys::kWindows) {
+        const std::optional<sys::WindowsVersion> version = sys::windowsVersion();
+        if (!version) return "";
+        return wordpadPathForVersion(version->platformId, version->major, version->minor);
+    }
+    return findEditorOnPath(sys::environment("PATH"));
 }
 
 }  // namespace rakeyard

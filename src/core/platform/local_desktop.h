@@ -3,9 +3,9 @@
 
 namespace rakeyard {
 
-// The desktop without a window toolkit, as rakeyard-cli has it: the freedesktop.org trash of the
-// user, programs started without a shell and without waiting, pages opened by the system's
-// opener (xdg-open; explorer on Windows).
+// The desktop without a window toolkit, as rakeyard-cli has it: the user's trash (the Recycle
+// Bin on Windows), programs started without a shell and without waiting, pages opened by the
+// system's opener.
 class LocalDesktop : public Desktop {
 public:
     bool moveToTrash(const std::string& path) override;

@@ -10,18 +10,9 @@
 #include <system_error>
 
 #include "core/platform/paths.h"
+#include "core/platform/system.h"
 #include "core/platform/temporary_file.h"
 #include "core/platform/text_utf.h"
-
-#ifdef _WIN32
-#include <fcntl.h>
-#include <io.h>
-#include <sys/stat.h>
-#else
-#include <fcntl.h>
-#include <sys/stat.h>
-#include <unistd.h>
-#endif
 
 namespace fs = std::filesystem;
 
@@ -56,35 +47,17 @@ constexpr auto kSettleTime = std::chrono::seconds(2);
 constexpr std::size_t kMaxCachedFolders = 20000;
 constexpr std::size_t kChunkSize = 64 * 1024;
 
-// Strings hold UTF-8; std::filesystem would take a plain string in the ANSI code page on
-// Windows.
-fs::path toPath(const std::string& text) {
-    return fs::path(std::u8string(text.begin(), text.end()));
-}
-
-std::string fromPath(const fs::path& path) {
-    const std::u8string text = path.u8string();
-    return std::string(text.begin(), text.end());
-}
-
 // The last part of a listed entry's path. Where paths are UTF-8 already it is cut from the
 // path's text, with no parsing of the path into parts (a listing makes thousands of these).
-std::string entryName(const fs::path& path) {
-#ifdef _WIN32
-    return fromPath(path.filename());
-#else
-    const std::string& text = path.native();
-    return text.substr(text.rfind('/') + 1);
-#endif
+// One of the two is the system's: paths are held in 8 bits or in UTF-16.
+[[maybe_unused]] std::string lastPartOf(const std::string& native) {
+    return native.substr(native.rfind('/') + 1);
 }
-
-std::FILE* openFile(const std::string& path, const char* mode) {
-#ifdef _WIN32
-    const std::wstring wideMode(mode, mode + std::char_traits<char>::length(mode));
-    return _wfopen(toPath(path).c_str(), wideMode.c_str());
-#else
-    return std::fopen(path.c_str(), mode);
-#endif
+[[maybe_unused]] std::string lastPartOf(const std::wstring& native) {
+    return sys::utf8Path(fs::path(native).filename());
+}
+std::string entryName(const fs::path& path) {
+    return lastPartOf(path.native());
 }
 
 std::string errorText(int error) {
@@ -117,12 +90,10 @@ std::string nativeRoot(const std::string& root) {
         } else if (out.empty() || out.back() != kPathSeparator) {
             out += kPathSeparator;
         }
-#ifdef _WIN32
-        // Keep the doubled separator of a network path.
-        else if (out.size() == 1) {
+        // Keep the doubled separator of a Windows network path (\\server\share).
+        else if (out.size() == 1 && kPathSeparator == '\\') {
             out += kPathSeparator;
         }
-#endif
     }
     return out;
 }
@@ -140,102 +111,12 @@ std::vector<std::string> splitParts(std::string_view rest) {
     return parts;
 }
 
-void syncFolder([[maybe_unused]] const std::string& folder) {
-#ifndef _WIN32
-    const int descriptor = ::open(folder.c_str(), O_RDONLY | O_DIRECTORY);
-    if (descriptor < 0) return;
-    // The rename is made; a failed sync of the folder only weakens its durability.
-    (void)::fsync(descriptor);
-    ::close(descriptor);
-#endif
-}
-
-// A file open for reading by its descriptor: one open, one fstat and as few reads as the
-// system allows, which is what the catalogue readers do fourteen thousand times in a row.
-class OpenFile {
-public:
-    OpenFile() = default;
-    OpenFile(const OpenFile&) = delete;
-    OpenFile& operator=(const OpenFile&) = delete;
-    ~OpenFile() { close(); }
-
-    // False when the file can't be opened; missing() then tells whether it wasn't found.
-    bool open(const std::string& path) {
-        close();
-#ifdef _WIN32
-        descriptor_ = _wopen(toPath(path).c_str(), _O_RDONLY | _O_BINARY);
-#else
-        // Without blocking: a pipe named as a file must not hold the program up; it is no
-        // regular file, so nothing is read from it.
-        descriptor_ = ::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
-#endif
-        error_ = descriptor_ < 0 ? errno : 0;
-        return descriptor_ >= 0;
-    }
-    bool missing() const {
-        return error_ == ENOENT || error_ == ENOTDIR;
-    }
-
-    // The size of a regular file; nullopt for a folder or anything else.
-    std::optional<std::uintmax_t> regularFileSize() const {
-        if (descriptor_ < 0) return std::nullopt;
-#ifdef _WIN32
-        struct _stat64 status {};
-        if (_fstat64(descriptor_, &status) != 0 || (status.st_mode & _S_IFMT) != _S_IFREG)
-            return std::nullopt;
-#else
-        struct stat status {};
-        if (::fstat(descriptor_, &status) != 0 || !S_ISREG(status.st_mode)) return std::nullopt;
-#endif
-        return static_cast<std::uintmax_t>(status.st_size);
-    }
-
-    // Reads up to size bytes, fewer only at the end of the file; nullopt on an error.
-    std::optional<std::size_t> readInto(char* data, std::size_t size) {
-        std::size_t got = 0;
-        while (got < size) {
-            const std::size_t chunk = std::min<std::size_t>(size - got, 1u << 30);
-#ifdef _WIN32
-            const int n = _read(descriptor_, data + got, static_cast<unsigned>(chunk));
-#else
-            const ssize_t n = ::read(descriptor_, data + got, chunk);
-            if (n < 0 && errno == EINTR) continue;
-#endif
-            if (n < 0) return std::nullopt;
-            if (n == 0) break;
-            got += static_cast<std::size_t>(n);
-        }
-        return got;
-    }
-
-private:
-    void close() {
-#ifdef _WIN32
-        if (descriptor_ >= 0) _close(descriptor_);
-#else
-        if (descriptor_ >= 0) ::close(descriptor_);
-#endif
-        descriptor_ = -1;
-    }
-
-    int descriptor_ = -1;
-    int error_ = 0;
-};
-
-int syncFile(std::FILE* file) {
-#ifdef _WIN32
-    return _commit(_fileno(file));
-#else
-    return ::fsync(fileno(file));
-#endif
-}
-
 }  // namespace
 
 std::shared_ptr<const LocalFileSystem::CachedListing> LocalFileSystem::cachedListing(
     const std::string& folder) {
     std::error_code ec;
-    const fs::path where = toPath(folder);
+    const fs::path where = sys::fsPath(folder);
     const fs::file_time_type modified = fs::last_write_time(where, ec);
     if (ec) return nullptr;
     {
@@ -327,13 +208,13 @@ std::vector<DirEntry> LocalFileSystem::listFolder(const std::string& folder) {
 std::string LocalFileSystem::existingPath(const std::string& path) {
     std::error_code ec;
     const std::string native = nativeSeparators(path);
-    if (fs::exists(toPath(native), ec)) return native;
+    if (fs::exists(sys::fsPath(native), ec)) return native;
     return resolve(path);
 }
 
 bool LocalFileSystem::isFolder(const std::string& path) {
     std::error_code ec;
-    return !path.empty() && fs::is_directory(toPath(existingPath(path)), ec);
+    return !path.empty() && fs::is_directory(sys::fsPath(existingPath(path)), ec);
 }
 
 bool LocalFileSystem::isFile(const std::string& path) {
@@ -345,25 +226,9 @@ bool LocalFileSystem::isFile(const std::string& path) {
 std::optional<std::uintmax_t> LocalFileSystem::fileSize(const std::string& path) {
     if (path.empty()) return std::nullopt;
     bool missing = false;
-    if (auto size = regularFileSize(nativeSeparators(path), missing)) return size;
+    if (auto size = sys::regularFileSize(nativeSeparators(path), missing)) return size;
     if (!missing) return std::nullopt;
-    return regularFileSize(resolve(path), missing);
-}
-
-std::optional<std::uintmax_t> LocalFileSystem::regularFileSize(const std::string& path,
-                                                               bool& missing) {
-#ifdef _WIN32
-    struct _stat64 status {};
-    const bool found = _wstat64(toPath(path).c_str(), &status) == 0;
-    const bool regular = found && (status.st_mode & _S_IFMT) == _S_IFREG;
-#else
-    struct stat status {};
-    const bool found = ::stat(path.c_str(), &status) == 0;
-    const bool regular = found && S_ISREG(status.st_mode);
-#endif
-    missing = !found && (errno == ENOENT || errno == ENOTDIR);
-    if (!regular) return std::nullopt;
-    return static_cast<std::uintmax_t>(status.st_size);
+    return sys::regularFileSize(resolve(path), missing);
 }
 
 std::optional<std::string> LocalFileSystem::readFile(const std::string& path) {
@@ -382,7 +247,7 @@ ReadOutcome LocalFileSystem::readFileInto(const std::string& path, std::uintmax_
     if (path.empty()) return fail(ReadOutcome::Unreadable);
     // Paths from listings are exact already: the first open finds them, with no look at the
     // folders on the way.
-    OpenFile file;
+    sys::ReadOnlyFile file;
     if (!file.open(nativeSeparators(path)) && file.missing()) (void)file.open(resolve(path));
     const std::optional<std::uintmax_t> size = file.regularFileSize();
     if (!size) return fail(ReadOutcome::Unreadable);
@@ -410,11 +275,9 @@ std::optional<std::string> LocalFileSystem::writeTemporary(std::FILE* file,
     std::optional<std::string> failure;
     for (std::size_t offset = 0; offset < bytes.size() && !failure; offset += kChunkSize)
         failure = writeChunk(file, offset, bytes.substr(offset, kChunkSize));
-    errno = 0;
-    if (!failure && std::fflush(file) != 0) failure = errorText(errno);
-    errno = 0;
-    if (!failure && syncFile(file) != 0) failure = errorText(errno);
-    return failure;
+    if (failure) return failure;
+    if (const int error = sys::syncFile(file)) return errorText(error);
+    return std::nullopt;
 }
 
 WriteResult LocalFileSystem::writeFile(const std::string& path, std::string_view bytes) {
@@ -422,7 +285,7 @@ WriteResult LocalFileSystem::writeFile(const std::string& path, std::string_view
     const std::string folder = folderOf(target);
     // A file the user marked read-only is kept, whoever runs the program (root writes anything).
     std::error_code ec;
-    const fs::file_status existing = fs::status(toPath(target), ec);
+    const fs::file_status existing = fs::status(sys::fsPath(target), ec);
     if (!ec && fs::is_regular_file(existing) &&
         (existing.permissions() & fs::perms::owner_write) == fs::perms::none)
         return WriteResult{false, "The file " + target + " is read-only."};
@@ -435,13 +298,13 @@ WriteResult LocalFileSystem::writeFile(const std::string& path, std::string_view
     std::optional<std::string> failure = writeTemporary(temporary.file(), bytes);
     if (!failure && !temporary.nameAndClose()) failure = errorText(temporary.error());
     if (!failure) {
-        const fs::file_status old = fs::status(toPath(target), ec);
+        const fs::file_status old = fs::status(sys::fsPath(target), ec);
         if (!ec && fs::is_regular_file(old)) {
             // A kept file keeps its permissions; failing that, it gets the usual ones.
-            fs::permissions(toPath(temporary.path()), old.permissions(), fs::perm_options::replace,
+            fs::permissions(sys::fsPath(temporary.path()), old.permissions(), fs::perm_options::replace,
                             ec);
         }
-        fs::rename(toPath(temporary.path()), toPath(target), ec);
+        ec = sys::replaceFile(temporary.path(), target);
         if (ec) {
             failure = ec.message();
         } else {
@@ -450,13 +313,13 @@ WriteResult LocalFileSystem::writeFile(const std::string& path, std::string_view
     }
     forgetListing(folder);
     if (failure) return WriteResult{false, *failure};
-    syncFolder(folder);
+    sys::syncFolder(folder);
     return WriteResult{true, {}};
 }
 
 bool LocalFileSystem::appendFile(const std::string& path, std::string_view bytes) {
     const std::string target = resolve(path);
-    std::FILE* file = openFile(target, "ab");
+    std::FILE* file = sys::openFile(target, "ab");
     if (!file) return false;
     bool written = std::fwrite(bytes.data(), 1, bytes.size(), file) == bytes.size();
     written = std::fclose(file) == 0 && written;
@@ -467,8 +330,8 @@ bool LocalFileSystem::appendFile(const std::string& path, std::string_view bytes
 bool LocalFileSystem::removeFile(const std::string& path) {
     const std::string target = resolve(path);
     std::error_code ec;
-    if (fs::is_directory(toPath(target), ec)) return false;
-    const bool removed = fs::remove(toPath(target), ec) && !ec;
+    if (fs::is_directory(sys::fsPath(target), ec)) return false;
+    const bool removed = fs::remove(sys::fsPath(target), ec) && !ec;
     forgetListing(folderOf(target));
     return removed;
 }
@@ -478,8 +341,8 @@ bool LocalFileSystem::renameFile(const std::string& from, const std::string& to)
     const std::string folder = resolve(parentPath(to));
     const std::string target = joinPath(folder, lastPathPart(to));
     std::error_code ec;
-    if (!fs::is_regular_file(toPath(source), ec)) return false;
-    fs::rename(toPath(source), toPath(target), ec);
+    if (!fs::is_regular_file(sys::fsPath(source), ec)) return false;
+    ec = sys::replaceFile(source, target);
     forgetListing(folderOf(source));
     forgetListing(folder);
     return !ec;
@@ -487,16 +350,16 @@ bool LocalFileSystem::renameFile(const std::string& from, const std::string& to)
 
 bool LocalFileSystem::isLink(const std::string& path) {
     std::error_code ec;
-    return !path.empty() && fs::is_symlink(toPath(resolve(path)), ec);
+    return !path.empty() && fs::is_symlink(sys::fsPath(resolve(path)), ec);
 }
 
 bool LocalFileSystem::createFolder(const std::string& path) {
     if (path.empty()) return false;
     const std::string target = resolve(path);
     std::error_code ec;
-    fs::create_directories(toPath(target), ec);
+    fs::create_directories(sys::fsPath(target), ec);
     forgetListing(folderOf(target));
-    return fs::is_directory(toPath(target), ec);
+    return fs::is_directory(sys::fsPath(target), ec);
 }
 
 }  // namespace rakeyard

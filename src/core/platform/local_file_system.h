@@ -43,8 +43,6 @@ private:
     std::shared_ptr<const CachedListing> cachedListing(const std::string& folder);
     void forgetListing(const std::string& folder);
     std::string existingPath(const std::string& path);
-    // The size of a regular file at exactly path; missing tells a path not found from others.
-    static std::optional<std::uintmax_t> regularFileSize(const std::string& path, bool& missing);
     std::optional<std::string> writeTemporary(std::FILE* file, std::string_view bytes);
 
     std::mutex cacheMutex_;  // readers may run on both cores

@@ -21,5 +21,8 @@ std::string lastPathPart(std::string_view path);
 std::string parentPath(std::string_view path);
 // Every "\" and "/" turned into this platform's separator.
 std::string nativeSeparators(std::string_view path);
+// A path made whole against the working folder, without "." and ".." parts nor a separator at
+// its end (a root keeps its own); as given when it can't be made whole.
+std::string wholePath(std::string_view path);
 
 }  // namespace rakeyard

@@ -147,7 +147,9 @@ TEST_F(AliasFromEngine, RefusesToRemoveAFileAnotherEngineOfTheFolderNames) {
 
 TEST_F(AliasFromEngine, RefusesACabViewFolderThatLinksElsewhere) {
     std::filesystem::rename(path("Tgt/CABVIEW"), path("Elsewhere"));
-    std::filesystem::create_directory_symlink(path("Elsewhere"), path("Tgt/CABVIEW"));
+    std::error_code ec;
+    std::filesystem::create_directory_symlink(path("Elsewhere"), path("Tgt/CABVIEW"), ec);
+    if (ec) GTEST_SKIP() << "no symbolic link can be made here: " << ec.message();
     EXPECT_EQ(alias({"tgt.eng", "src.eng", "-- NO ALIAS --"}), AliasOutcome::Refused);
     EXPECT_THAT(fake.dialogs.texts().at(0), HasSubstr("is a link to another place"));
     EXPECT_TRUE(exists("Elsewhere/old.cvf"));

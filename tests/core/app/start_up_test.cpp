@@ -15,6 +15,7 @@
 #include "core/settings/settings_file.h"
 #include "support/fakes.h"
 #include "support/msts_tree.h"
+#include "core/platform/paths.h"
 
 namespace rakeyard {
 namespace {
@@ -204,7 +205,7 @@ TEST_F(InitProg, ScreenshotsDefaultToTheViewersFolder) {
     ScriptedWindows quiet(*state, fake.services);
     quiet.screenshotsPath = "/no/such/folder";  // the window is refused: nothing chosen
     ASSERT_EQ(initProg(*state, fake.services, quiet), StartUpResult::Ready);
-    EXPECT_EQ(state->paths.screenshotsPath, msts.msts() + "/tools");
+    EXPECT_EQ(state->paths.screenshotsPath, joinPath(msts.msts(), "tools"));
 }
 
 TEST(ParseCommandLine, DebugSwitchInEitherCaseAndQuotedConsistPath) {

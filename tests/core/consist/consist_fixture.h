@@ -8,6 +8,7 @@
 #include "core/app/app_state.h"
 #include "support/fakes.h"
 #include "support/msts_tree.h"
+#include "core/platform/paths.h"
 
 namespace rakeyard::test {
 
@@ -58,7 +59,9 @@ protected:
     // Writes a consist under the Consists folder from readable text (FF FE and the header line
     // added) and loads it.
     void loadText(const std::string& name, const std::string& text);
-    std::string consistPath(const std::string& name) const { return msts.consists() + "/" + name; }
+    std::string consistPath(const std::string& name) const {
+        return joinPath(msts.consists(), name);
+    }
 
     MstsTree msts;
     FakeServices fake;

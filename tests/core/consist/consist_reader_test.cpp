@@ -305,7 +305,7 @@ TEST_F(LoadConsist, RealConsistsLoadAndSurviveASave) {
         std::unique_ptr<AppState> fresh = std::make_unique<AppState>();
         fresh->paths.consistsPath = msts.consists();
         int units = 0;
-        for (const std::u16string& line : textLines(readWholeFile(entry.path())).lines) {
+        for (const std::u16string& line : textLines(readWholeFile(entry.path().string())).lines) {
             const bool isEngine = line.find(u"EngineData (") != std::u16string::npos;
             if (!isEngine && line.find(u"WagonData (") == std::u16string::npos) continue;
             std::istringstream words(toUtf8(line.substr(line.find(u'(') + 1)));

@@ -26,7 +26,7 @@ void withinSeconds(int seconds, std::function<void()> body) {
     }).detach();
     if (finished.wait_for(std::chrono::seconds(seconds)) != std::future_status::ready) {
         ADD_FAILURE() << "the run did not end within " << seconds << " s";
-        std::quick_exit(1);
+        std::_Exit(1);
     }
 }
 

@@ -60,7 +60,7 @@ TEST_F(RealTrainset, ReadsTheDieselEnginesWithTheirCabsAndCouplers) {
         EXPECT_GT(r.length, 10.0f) << r.fileName;
         EXPECT_NE(r.couplerFront, "") << r.fileName;
         EXPECT_EQ(joinPath(r.folderPath, r.fileName).substr(0, paths.trainsetPath.size()),
-                  paths.trainsetPath);
+                  nativeSeparators(paths.trainsetPath));
     }
     EXPECT_EQ(engines, 25u);
     EXPECT_TRUE(fake.dialogs.shown.empty());  // these files hold nothing to report

@@ -148,7 +148,9 @@ TEST_F(UnitListActions, DeleteSendsTheUnitsFolderToTheBin) {
 TEST_F(UnitListActions, DeleteIsRefusedOutsideTrainset) {
     msts.write("TRAINS/CONSISTS/keep.con", "x");
     msts.write("TRAINS/TRAINSET/GP38/GP38.eng", "x");
-    std::filesystem::create_symlink(msts.consists(), msts.trainset() + "/../TRAINSET/LINK");
+    std::error_code ec;
+    // Where no link can be made (Wine), the names that leave Trainset are refused all the same.
+    std::filesystem::create_symlink(msts.consists(), msts.trainset() + "/../TRAINSET/LINK", ec);
     for (const char* folderName :
          {"", ".", "..", "../CONSISTS", "GP38/../..", "..\\CONSISTS", "MISSING"}) {
         UnitRecord r = unit("X.eng", "X", "Diesel");

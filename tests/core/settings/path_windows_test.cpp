@@ -28,7 +28,7 @@ protected:
     void SetUp() override { paths.programFolder = msts.home(); }
 
     std::string makeFile(const std::string& relative, bool program = false) {
-        const std::string path = msts.root() + "/" + relative;
+        const std::string path = joinPath(msts.root(), relative);
         fs::create_directories(fs::path(path).parent_path());
         std::ofstream(path) << "program";
         if (program) fs::permissions(path, fs::perms::owner_exec, fs::perm_options::add);
@@ -61,6 +61,7 @@ TEST_F(PathWindows, MstsPathOkSetsTheFourPathsAndWritesThem) {
 }
 
 TEST_F(PathWindows, MstsPathOkTakesAnyCaseAndSeparatorAndStoresThePathAsOnDisk) {
+    if (!test::renamesCase(msts.msts())) GTEST_SKIP() << "no rename changes a name's case here";
     fs::rename(msts.msts() + "/TRAINS", msts.msts() + "/Trains");
     const std::string typed = msts.root() + "\\MSTS\\";
     EXPECT_EQ(acceptMstsPath(typed, record, paths, fake.services), WindowOutcome::Close);

@@ -3,6 +3,7 @@
 #include <fstream>
 
 #include "tester_fixture.h"
+#include "core/platform/paths.h"
 
 namespace rakeyard::test {
 namespace {
@@ -183,9 +184,9 @@ TEST_F(EngineLines, NamesLeavingTheInstallationOrNamingNoFileAreMissing) {
     EXPECT_EQ(joinInside(msts.msts(), msts.trainset() + "/GP", "..\\..\\..\\..\\outside.s"),
               std::nullopt);
     EXPECT_EQ(joinInside(msts.msts(), msts.trainset() + "/GP", "../../../x.s"),
-              msts.msts() + "/x.s");
+              joinPath(msts.msts(), "x.s"));
     EXPECT_EQ(joinInside(msts.msts(), msts.trainset() + "/GP", "..\\GP\\\\GP38.s"),
-              msts.trainset() + "/GP/GP38.s");
+              joinPath(msts.trainset(), "GP/GP38.s"));
 }
 
 }  // namespace

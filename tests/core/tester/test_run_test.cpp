@@ -1,6 +1,7 @@
 #include <gmock/gmock.h>
 
 #include "tester_fixture.h"
+#include "core/platform/paths.h"
 
 namespace rakeyard::test {
 namespace {
@@ -106,7 +107,7 @@ TEST_F(TestRuns, DuplicatesAreEveryPairInWalkOrderOverTheWholeCatalogue) {
     run.selected.back() = 1;  // only "Other" is tested
     run.duplicates = true;
     EXPECT_TRUE(runTests(run, context()));
-    const std::string sep(1, '/');
+    const std::string sep(1, kPathSeparator);
     auto block = [&](const char* a, const char* b) {
         return std::string("The Engine\t..") + sep + a + sep + "gp.eng\r\nhas the same file name "
                "as\r\n\t.." + sep + b + sep + "gp.eng\r\n" + std::string(40, '-') + "\r\n";

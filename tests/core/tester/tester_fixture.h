@@ -62,7 +62,7 @@ protected:
         std::size_t& count = engine ? catalogue.engineCount : catalogue.wagonCount;
         UnitRecord& unit = engine ? catalogue.engines[count] : catalogue.wagons[count];
         unit.folderName = folder;
-        unit.folderPath = msts.trainset() + "/" + folder;
+        unit.folderPath = joinPath(msts.trainset(), folder);
         unit.fileName = file;
         unit.displayName = display;
         unit.unitType = engine ? "Diesel" : "Freight";
@@ -96,7 +96,7 @@ protected:
         return mark + "\r\n" + message + "\r\n" + std::string(40, '-') + "\r\n";
     }
     std::string upperFolder(const std::string& folder) const {
-        std::string path = msts.trainset() + "/" + folder + "/";
+        std::string path = joinPath(msts.trainset(), folder) + kPathSeparator;
         for (char& c : path)
             if (c >= 'a' && c <= 'z') c = static_cast<char>(c - 'a' + 'A');
         return path;
