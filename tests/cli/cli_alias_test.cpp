@@ -60,7 +60,9 @@ TEST_F(AliasCommands, AliasThenRestoreGivesTheEngineBackByteForByte) {
     EXPECT_EQ(restore.status, 0) << restore.err;
     EXPECT_EQ(readWholeFile(trainset("RY_Class20/RY_CLASS20.ENG")), original);
     // Where names differ by case alone the old one is gone; elsewhere it is the same file.
-    if (keepsCaseApart(trainset("RY_Class20"))) EXPECT_FALSE(std::filesystem::exists(engine));
+    if (keepsCaseApart(trainset("RY_Class20"))) {
+        EXPECT_FALSE(std::filesystem::exists(engine));
+    }
     const CliRun again = run({"alias", "restore", "RY_Class20"});
     EXPECT_EQ(again.status, 1);
     EXPECT_THAT(again.err, HasSubstr("There is no engine to restore!"));
