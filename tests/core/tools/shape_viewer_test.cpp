@@ -5,6 +5,7 @@
 #include <memory>
 
 #include "core/app/app_state.h"
+#include "core/platform/paths.h"
 #include "core/tools/shape_viewer.h"
 #include "support/fakes.h"
 #include "support/msts_tree.h"
@@ -41,7 +42,8 @@ TEST_F(ShapeViewer, TheViewerGetsTheShapeAsItsOneArgument) {
     msts.writeBytes("../shots/notes.txt", "t");
     EXPECT_TRUE(view("GP38 [CC] ^gp38.eng"));
     EXPECT_THAT(fake.desktop.started,
-                ElementsAre("/opt/viewer " + msts.msts() + "/TRAINS/TRAINSET/GP/gp38 \"x\"; rm.s"));
+                ElementsAre("/opt/viewer " +
+                            joinPath(msts.msts(), "TRAINS/TRAINSET/GP/gp38 \"x\"; rm.s")));
     EXPECT_EQ(fake.desktop.trashed.size(), 2u);
     EXPECT_TRUE(msts.exists("shots/notes.txt"));
 }
