@@ -1,8 +1,10 @@
 #pragma once
 #include <algorithm>
+#include <chrono>
 #include <condition_variable>
 #include <cstddef>
 #include <exception>
+#include <functional>
 #include <mutex>
 #include <optional>
 #include <system_error>
@@ -31,9 +33,16 @@ struct NoScratch {};
 // the run (the other threads are stopped and joined) and goes on to the caller. With a Scratch
 // type, each thread makes one and work is called as work(i, scratch), so buffers can be reused
 // from job to job.
+//
+// With an idle step, the calling thread is kept free for a user instead: it runs no job, only
+// applies the results, and calls idle() after each apply and whenever it has waited
+// kIdleEvery for the next result; `workers` threads do the jobs.
 template <typename Result, typename Scratch = NoScratch, typename Work, typename Apply,
           std::size_t kWindow = 64>
-void forEachInOrder(std::size_t count, unsigned workers, Work work, Apply apply) {
+void forEachInOrder(std::size_t count, unsigned workers, Work work, Apply apply,
+                    const std::function<void()>& idle = {}) {
+    constexpr auto kIdleEvery = std::chrono::milliseconds(10);
+    const bool callerWorks = !idle;
     const auto doJob = [&work](std::size_t job, Scratch& scratch) {
         if constexpr (std::is_invocable_v<Work&, std::size_t, Scratch&>) {
             return work(job, scratch);
@@ -83,7 +92,8 @@ void forEachInOrder(std::size_t count, unsigned workers, Work work, Apply apply)
     };
 
     std::vector<std::thread> threads;
-    for (unsigned i = 1; i < std::min<std::size_t>(workers, count); ++i) {
+    const std::size_t wanted = std::min<std::size_t>(workers, count);
+    for (std::size_t i = callerWorks ? 1 : 0; i < wanted; ++i) {
         try {
             threads.emplace_back(workerLoop);
         } catch (const std::system_error&) {
@@ -105,6 +115,7 @@ void forEachInOrder(std::size_t count, unsigned workers, Work work, Apply apply)
         for (std::size_t i = 0; i < count; ++i) {
             Result result = doJob(i, scratch);
             apply(i, result);
+            if (idle) idle();
         }
         return;
     }
@@ -113,7 +124,13 @@ void forEachInOrder(std::size_t count, unsigned workers, Work work, Apply apply)
             std::unique_lock lock(mutex);
             JobOutcome<Result>& slot = slots[i % kWindow];
             while (!slot.ready()) {
-                if (!runChunk(lock, scratch)) changed.wait(lock);
+                if (callerWorks) {
+                    if (!runChunk(lock, scratch)) changed.wait(lock);
+                } else if (!changed.wait_for(lock, kIdleEvery, [&] { return slot.ready(); })) {
+                    lock.unlock();
+                    idle();
+                    lock.lock();
+                }
             }
             if (slot.failure) std::rethrow_exception(slot.failure);
             Result result = std::move(*slot.result);
@@ -123,6 +140,7 @@ void forEachInOrder(std::size_t count, unsigned workers, Work work, Apply apply)
             lock.unlock();
             if (roomMade) changed.notify_all();
             apply(i, result);
+            if (idle) idle();
         }
     } catch (...) {
         stopWorkers();

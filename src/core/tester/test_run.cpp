@@ -1,6 +1,7 @@
 #include "core/tester/test_run.h"
 
 #include <algorithm>
+#include <functional>
 #include <iterator>
 #include <thread>
 #include <unordered_map>
@@ -79,37 +80,59 @@ void addOutcome(TestRun& run, FileSystem& fs, RowOutcome& outcome) {
         run.filesTestedText = std::to_string(run.counts.filesTested) + " files tested";
 }
 
+// Ends the walk on all cores when a press of Stop was seen between two rows.
+struct WalkStopped {};
+
 // The rows tested on all cores, each on a run state of its own, and added to the run in their
-// order: findings, reports and logs are those of a run on one thread.
+// order: findings, reports and logs are those of a run on one thread. A host that lets a user
+// press Stop yields between the rows' outcomes, and Stop acts there: the rows tested ahead are
+// dropped, their findings never written.
 void testOnWorkers(TestRun& run, const TestContext& context, const std::vector<RowTest>& rows) {
     const unsigned workers = std::clamp(std::thread::hardware_concurrency(), 1u, 8u);
-    forEachInOrder<RowOutcome>(
-        rows.size(), workers,
-        [&](std::size_t i) {
-            HeldAppends held(context.services.fs);
-            Services services{held, context.services.dialogs, context.services.progress,
-                              context.services.desktop};
-            NoYield host;
-            RowOutcome outcome;
-            TestRun& part = outcome.part;
-            part.testMode = run.testMode;
-            part.section = run.section;
-            part.cabViews = run.cabViews;
-            part.sounds = run.sounds;
-            part.cabViewsEnabled = run.cabViewsEnabled;
-            testRow(part, {context.paths, context.catalogue, services, host}, rows[i]);
-            outcome.appends = std::move(held.appends);
-            return outcome;
-        },
-        [&](std::size_t, RowOutcome& outcome) {
-            addOutcome(run, context.services.fs, outcome);
-            context.services.progress.step();
-        });
+    std::function<void()> idle;
+    if (context.host.yieldsToUser()) {
+        idle = [&] {
+            context.host.yield();
+            if (!run.stopRequested) return;
+            if (run.section == TestSection::Consists) {
+                run.stopRequested = false;
+                (void)fillSection(run, context, TestSection::Consists, {});
+            }
+            throw WalkStopped{};
+        };
+    }
+    // The options each row's run starts from, copied: a press of Stop may refill the run.
+    TestRun start;
+    start.testMode = run.testMode;
+    start.section = run.section;
+    start.cabViews = run.cabViews;
+    start.sounds = run.sounds;
+    start.cabViewsEnabled = run.cabViewsEnabled;
+    try {
+        forEachInOrder<RowOutcome>(
+            rows.size(), workers,
+            [&](std::size_t i) {
+                HeldAppends held(context.services.fs);
+                Services services{held, context.services.dialogs, context.services.progress,
+                                  context.services.desktop};
+                NoYield host;
+                RowOutcome outcome{start, {}};
+                testRow(outcome.part, {context.paths, context.catalogue, services, host}, rows[i]);
+                outcome.appends = std::move(held.appends);
+                return outcome;
+            },
+            [&](std::size_t, RowOutcome& outcome) {
+                addOutcome(run, context.services.fs, outcome);
+                context.services.progress.step();
+            },
+            idle);
+    } catch (const WalkStopped&) {
+    }
 }
 
-// The selected rows in order, each tested by the section's test; rows are read again after
-// every yield, as Stop refills them. Where nothing can press Stop, the rows are taken at once
-// and tested on all cores.
+// The selected rows in order, each tested by the section's test. On one thread the rows are
+// read again after every yield, as Stop refills them; where the host allows workers, the rows
+// are taken at once and tested on all cores, and Stop ends the walk between two rows.
 bool testSelectedRows(TestRun& run, const TestContext& context) {
     const bool consists = run.section == TestSection::Consists;
     const auto selectedCount = std::count(run.selected.begin(), run.selected.end(), 1);
@@ -282,8 +305,7 @@ void checkDuplicates(TestRun& run, const TestContext& context) {
     std::unordered_map<std::string_view, std::vector<std::size_t>> byName;
     for (std::size_t i = 0; i < records.size(); ++i)
         byName[records[i].fileName].push_back(i);
-    context.services.progress.start("Checking duplicated files",
-                                    static_cast<int>(records.size()));
+    context.services.progress.start("Checking duplicated files", static_cast<int>(records.size()));
     std::string blocks;
     const std::string sep(1, kPathSeparator);
     for (std::size_t i = 0; i < records.size(); ++i) {
@@ -295,8 +317,8 @@ void checkDuplicates(TestRun& run, const TestContext& context) {
             if (j <= i) continue;
             blocks += std::string(engines ? "The Engine" : "The Wagon") + "\t.." + sep +
                       records[i].folderName + sep + records[i].fileName +
-                      "\r\nhas the same file name as\r\n\t.." + sep + records[j].folderName +
-                      sep + records[j].fileName + "\r\n" + std::string(40, '-') + "\r\n";
+                      "\r\nhas the same file name as\r\n\t.." + sep + records[j].folderName + sep +
+                      records[j].fileName + "\r\n" + std::string(40, '-') + "\r\n";
             ++run.counts.errorCount;
         }
     }

@@ -40,8 +40,11 @@ class TestHost {
 public:
     virtual ~TestHost() = default;
     virtual void yield() = 0;
-    // Whether units may be tested on worker threads: only where nothing can press Stop.
+    // Whether rows may be tested on worker threads. A host that yields to a user then has its
+    // yield called between the rows' outcomes rather than between lines, and a press of Stop
+    // acts there.
     virtual bool allowsWorkers() const { return false; }
+    virtual bool yieldsToUser() const { return false; }
 };
 class NoYield : public TestHost {
 public:

@@ -73,9 +73,11 @@ private:
     void cmdDelCon_Click();
     void listTestedSounds_DblClick(const QModelIndex& index);
 
-    // TestHost: between lines the window shows the run and lets events run, every few tens of
-    // milliseconds rather than at each line.
+    // TestHost: while the units are tested on all cores, the window shows the run and lets
+    // events run every few tens of milliseconds.
     void yield() override;
+    bool allowsWorkers() const override { return true; }
+    bool yieldsToUser() const override { return true; }
     void showRun();
     void showRows();
     void showIdle();

@@ -58,6 +58,40 @@ TEST(ForEachInOrder, AppliesEveryResultInOrderWhateverTheWorkersTake) {
     }
 }
 
+// With an idle step the calling thread stays free: it applies in order and idles while the
+// workers do every job, and what the idle step throws ends the run.
+TEST(ForEachInOrder, WithAnIdleStepTheCallerRunsNoJobAndIdlesBetweenResults) {
+    withinSeconds(60, [] {
+        const std::thread::id caller = std::this_thread::get_id();
+        std::atomic<int> jobsOnCaller = 0;
+        std::vector<std::size_t> applied;
+        int idles = 0;
+        forEachInOrder<std::size_t>(
+            300, 2,
+            [&](std::size_t job) {
+                if (std::this_thread::get_id() == caller) ++jobsOnCaller;
+                shortDelay(job);
+                return job;
+            },
+            [&](std::size_t job, std::size_t) { applied.push_back(job); },
+            [&] { ++idles; });
+        EXPECT_EQ(jobsOnCaller, 0);
+        EXPECT_GE(idles, 300);
+        ASSERT_EQ(applied.size(), 300u);
+        EXPECT_TRUE(std::is_sorted(applied.begin(), applied.end()));
+
+        applied.clear();
+        EXPECT_THROW(forEachInOrder<std::size_t>(
+                         300, 2, [](std::size_t job) { return job; },
+                         [&](std::size_t job, std::size_t) { applied.push_back(job); },
+                         [&] {
+                             if (applied.size() == 5) throw std::runtime_error("stop");
+                         }),
+                     std::runtime_error);
+        EXPECT_EQ(applied.size(), 5u);
+    });
+}
+
 // A worker's scratch: the thread that made it, and how many jobs it served.
 struct CountingScratch {
     std::thread::id owner = std::this_thread::get_id();

@@ -17,9 +17,12 @@ public:
         ++yields;
         if (yields == pressAt && press) press();
     }
+    bool allowsWorkers() const override { return onWorkers; }
+    bool yieldsToUser() const override { return onWorkers; }
     int yields = 0;
     int pressAt = 0;
     std::function<void()> press;
+    bool onWorkers = false;  // as the window tests: on all cores, yielding between rows
 };
 
 class TestRuns : public TesterTest {
@@ -195,6 +198,35 @@ TEST_F(TestRuns, ARunOnAllCoresWritesWhatARunOnOneThreadWrites) {
     EXPECT_EQ(onCores.counts.categories, onOne.counts.categories);
     EXPECT_EQ(onCores.testedShapes, onOne.testedShapes);
     EXPECT_EQ(onCores.filesTestedText, onOne.filesTestedText);
+}
+
+// On all cores with a window, Stop acts between two rows: what is written is what the run on
+// one thread wrote up to the last row added, and the rows tested ahead leave no trace.
+TEST_F(TestRuns, StopOnAllCoresWritesAPrefixOfTheWholeRun) {
+    for (int i = 0; i < 300; ++i) {
+        const std::string name = "u" + std::to_string(i);
+        addEngine("F", name + ".eng", "Wagon ( " + name + " x\n)\n", false, "Unit " + name);
+    }
+    addEngine("G", "u0.eng", "Wagon ( u0 x\n)\n", false, "Twin");
+    fillSection(run, context(), TestSection::Engines, "All");
+    selectAllRows(run, true);
+    (void)runTests(run, context());
+    const std::string whole = report("EngSyntax.txt");
+
+    fillSection(run, context(), TestSection::Engines, "All");
+    selectAllRows(run, true);
+    run.duplicates = true;
+    scriptedHost.onWorkers = true;
+    scriptedHost.pressAt = 3;
+    scriptedHost.press = [&] { stopTests(run, scripted(), "All"); };
+    (void)runTests(run, scripted());
+    const std::string part = report("EngSyntax.txt");
+    EXPECT_FALSE(part.empty());
+    EXPECT_LT(part.size(), whole.size());
+    EXPECT_EQ(whole.substr(0, part.size()), part);
+    EXPECT_EQ(run.counts.categories[0], run.counts.categories[5]);
+    EXPECT_THAT(run.selected, ::testing::Each(0));
+    EXPECT_TRUE(reportExists("EngDuplicate.txt")) << "the duplicate check runs after a Stop";
 }
 
 TEST_F(TestRuns, ReportsByModeAndCategory) {
