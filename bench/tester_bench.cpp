@@ -3,12 +3,11 @@
 //   tester_bench MSTS_FOLDER [RUNS] [--all]
 //
 // The catalogue is read once. The run tests every engine under "All" with the duplicate check,
-// writing its reports into a temporary program folder, on one thread, through the core as the
-// CLI does. A first run records every file the test reads and every file whose size it looks
-// up; the floor then reads each of those files whole once and sizes each looked-up one once,
-// on one thread. The two take turns RUNS times (default 5) with the file cache warm, and the
-// medians of wall and CPU time count. The test runs on one thread, as the window runs it, and
-// on all cores, as the CLI does.
+// writing its reports into a temporary program folder, through the core as the CLI does. A
+// first run records every file the test reads and every file whose size it looks up; the floor
+// then reads each of those files whole once and sizes each looked-up one once, on one thread. The two take turns RUNS times (default 5) with the file cache warm, and the
+// medians of wall and CPU time count. The test runs on one thread and on all cores, as the
+// CLI and the window run it.
 //
 // With --all the run tests the engines with their cab views and sounds, then the wagons with
 // their sounds, both with the duplicate check; its floor replays every open (the file read
@@ -59,7 +58,7 @@ private:
     std::mutex mutex_;
 };
 
-// A host that lets no worker run: the run on one thread, as the window makes it.
+// A host that lets no worker run: the run on one thread.
 class OneThread : public TestHost {
 public:
     void yield() override {}
