@@ -2,7 +2,7 @@
 //
 //   catalogue_bench MSTS_FOLDER [RUNS]
 //
-// The load is readEngineFiles and readWagonFiles through the core, with the local file system
+// The load is readUnitCatalogue through the core, with the local file system
 // and no progress shown; the questions at the end are answered OK. It runs once on one thread
 // and once on all cores. The floor is what any load must pay: it lists the folders one below
 // Trainset, reads every ".eng" and ".wag" whole (open, fstat, one read, into a reused buffer)
@@ -76,8 +76,7 @@ std::size_t loadCatalogue(const std::string& msts, const std::string& home, unsi
     rakeyard::NoProgress progress;
     NoDesktop desktop;
     rakeyard::Services services{fs, dialogs, progress, desktop};
-    rakeyard::readEngineFiles(state->paths, state->catalogue, services, false, threads);
-    rakeyard::readWagonFiles(state->paths, state->catalogue, services, false, threads);
+    rakeyard::readUnitCatalogue(state->paths, state->catalogue, services, false, threads);
     return state->catalogue.engineCount + state->catalogue.wagonCount;
 }
 

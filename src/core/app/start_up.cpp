@@ -102,8 +102,7 @@ StartUpResult initProg(AppState& state, Services& services, StartUpWindows& wind
     if (!settleMstsFolder(state, services, windows)) return StartUpResult::Ended;
     settleEditorAndViewer(state, services, windows);
     prepareReports(state.paths, services.fs);
-    readEngineFiles(state.paths, state.catalogue, services, state.debugMode);
-    readWagonFiles(state.paths, state.catalogue, services, state.debugMode);
+    readUnitCatalogue(state.paths, state.catalogue, services, state.debugMode);
     if (!state.debugMode) services.progress.showDebug(false);
     settleFilter(&SettingsRecord::showLocoType, state.paths.engineFilter,
                  {"Steam", "Diesel", "Electric", "AI", "All"}, "engine", state, services);

@@ -76,15 +76,25 @@ void offerToKeepStartErrors(const PathGlobals& paths, const UnitKind& kind, bool
         (void)services.fs.removeFile(startErrorsFile(paths));
 }
 
-void readUnitFiles(const UnitKind& kind, const PathGlobals& paths, std::span<UnitRecord> records,
-                   std::size_t& count, Services& services, bool debugMode, unsigned workerThreads) {
+// The unit files of one kind, or of both, listed once.
+std::vector<TrainsetFile> listUnitFiles(const PathGlobals& paths, Services& services,
+                                        const UnitKind& kind, bool bothKinds, unsigned workers) {
+    return listTrainsetFiles(
+        paths, services, kind.loadingLabel,
+        [&](std::string_view name) {
+            return hasExtension(name, kind.extension) ||
+                   (bothKinds && hasExtension(name, kWagons.extension));
+        },
+        workers);
+}
+
+// Reads the listed files of the kind into the records.
+void readUnitFiles(const UnitKind& kind, const std::vector<TrainsetFile>& listing,
+                   const PathGlobals& paths, std::span<UnitRecord> records, std::size_t& count,
+                   Services& services, bool debugMode, unsigned workers) {
     for (UnitRecord& record : records)
         record = UnitRecord{};
     count = 0;
-    const unsigned workers = workerThreads == 0 ? defaultWorkerCount() : workerThreads;
-    const std::vector<TrainsetFile> listing = listTrainsetFiles(
-        paths, services, kind.loadingLabel,
-        [&](std::string_view name) { return hasExtension(name, kind.extension); }, workers);
     if (listing.size() > kind.loadLimit) {
         services.dialogs.report(
             std::to_string(listing.size()) + " " + std::string(kind.plural) +
@@ -150,14 +160,29 @@ bool logStartError(FileSystem& fs, const PathGlobals& paths, std::string_view te
 
 void readEngineFiles(const PathGlobals& paths, UnitCatalogue& catalogue, Services& services,
                      bool debugMode, unsigned workerThreads) {
-    readUnitFiles(kEngines, paths, catalogue.engines, catalogue.engineCount, services, debugMode,
-                  workerThreads);
+    const unsigned workers = workerThreads == 0 ? defaultWorkerCount() : workerThreads;
+    readUnitFiles(kEngines, listUnitFiles(paths, services, kEngines, false, workers), paths,
+                  catalogue.engines, catalogue.engineCount, services, debugMode, workers);
 }
 
 void readWagonFiles(const PathGlobals& paths, UnitCatalogue& catalogue, Services& services,
                     bool debugMode, unsigned workerThreads) {
-    readUnitFiles(kWagons, paths, catalogue.wagons, catalogue.wagonCount, services, debugMode,
-                  workerThreads);
+    const unsigned workers = workerThreads == 0 ? defaultWorkerCount() : workerThreads;
+    readUnitFiles(kWagons, listUnitFiles(paths, services, kWagons, false, workers), paths,
+                  catalogue.wagons, catalogue.wagonCount, services, debugMode, workers);
+}
+
+void readUnitCatalogue(const PathGlobals& paths, UnitCatalogue& catalogue, Services& services,
+                       bool debugMode, unsigned workerThreads) {
+    const unsigned workers = workerThreads == 0 ? defaultWorkerCount() : workerThreads;
+    std::vector<TrainsetFile> engines;
+    std::vector<TrainsetFile> wagons;
+    for (TrainsetFile& file : listUnitFiles(paths, services, kEngines, true, workers))
+        (hasExtension(file.file, kEngines.extension) ? engines : wagons).push_back(std::move(file));
+    readUnitFiles(kEngines, engines, paths, catalogue.engines, catalogue.engineCount, services,
+                  debugMode, workers);
+    readUnitFiles(kWagons, wagons, paths, catalogue.wagons, catalogue.wagonCount, services,
+                  debugMode, workers);
 }
 
 }  // namespace rakeyard

@@ -32,4 +32,9 @@ void readEngineFiles(const PathGlobals& paths, UnitCatalogue& catalogue, Service
 void readWagonFiles(const PathGlobals& paths, UnitCatalogue& catalogue, Services& services,
                     bool debugMode, unsigned workerThreads = 0);
 
+// Both catalogues, as readEngineFiles and then readWagonFiles fill them, from one listing of
+// the Trainset folders: what start-up reads.
+void readUnitCatalogue(const PathGlobals& paths, UnitCatalogue& catalogue, Services& services,
+                       bool debugMode, unsigned workerThreads = 0);
+
 }  // namespace rakeyard

@@ -57,8 +57,7 @@ protected:
         paths.trainsetPath = msts + "/TRAINS/TRAINSET";
         (void)fake.fs.removeFile(startErrorsFile(paths));
         auto catalogue = std::make_unique<UnitCatalogue>();
-        readEngineFiles(paths, *catalogue, fake.services, false);
-        readWagonFiles(paths, *catalogue, fake.services, false);
+        readUnitCatalogue(paths, *catalogue, fake.services, false);
         LoadOutcome outcome;
         addRecords(usedRecords(*catalogue, UnitClass::Engine), true, outcome);
         addRecords(usedRecords(*catalogue, UnitClass::Wagon), false, outcome);
