@@ -61,18 +61,19 @@ bool onlyBlanksBetween(std::u16string_view text, std::size_t first, std::size_t 
 
 // The first start at or after at (0-based) of the needle, or npos.
 // Keywords begin with letters that are everywhere in an upper-cased text, but their first two
-// characters together are rare: four starts are tested at once for those.
+// characters together are rare: eight starts are tested at once for those.
 std::size_t findAt(std::u16string_view text, std::u16string_view needle, std::size_t at) {
     const std::size_t last = text.size() - needle.size();  // the last start that fits
     const auto matchesAt = [&](std::size_t i) { return text.substr(i, needle.size()) == needle; };
     if (needle.size() >= 2 && std::endian::native == std::endian::little) {
-        for (; at + 4 <= last; at += 4) {
-            std::uint64_t starts =
-                text_scan::lanesEqual(text_scan::load8(&text[at]), needle[0]) &
-                text_scan::lanesEqual(text_scan::load8(&text[at + 1]), needle[1]);
-            for (; starts != 0; starts &= starts - 1) {
-                const std::size_t i = at + std::countr_zero(starts) / 16;
-                if (matchesAt(i)) return i;
+        using namespace text_scan;
+        for (; at + 8 <= last; at += 8) {
+            unsigned starts = charsEqual(loadBlock(&text[at]), needle[0]) &
+                              charsEqual(loadBlock(&text[at + 1]), needle[1]);
+            while (starts != 0) {
+                const unsigned k = firstChar(starts);
+                if (matchesAt(at + k)) return at + k;
+                starts &= ~(3u << (2 * k));
             }
         }
     }
@@ -133,18 +134,18 @@ std::size_t decodeMstsText(std::string_view bytes, char16_t* const text) {
     };
     std::size_t i = 0;
     if constexpr (std::endian::native == std::endian::little) {
-        // Four characters at a time while none is a CR or LF: the bytes are the characters
+        // Eight characters at a time while none is a CR or LF: the bytes are the characters
         // already, and tabs become blanks in place.
-        for (; i + 4 <= units; i += 4) {
-            std::uint64_t word = text_scan::load8(data + 2 * i);
-            if (text_scan::lanesEqual(word, u'\r') | text_scan::lanesEqual(word, u'\n')) {
-                for (std::size_t k = i; k < i + 4; ++k)
+        using namespace text_scan;
+        for (; i + 8 <= units; i += 8) {
+            const Block block = loadBlock(data + 2 * i);
+            if (charsEqual(block, u'\r') | charsEqual(block, u'\n')) {
+                for (std::size_t k = i; k < i + 8; ++k)
                     put(static_cast<char16_t>(data[2 * k] | (data[2 * k + 1] << 8)));
                 continue;
             }
-            word ^= (text_scan::lanesEqual(word, u'\t') >> 15) * (u'\t' ^ u' ');
-            std::memcpy(out, &word, sizeof word);
-            out += 4;
+            storeBlock(out, replaceChars(block, u'\t', u' '));
+            out += 8;
         }
     }
     for (; i < units; ++i)

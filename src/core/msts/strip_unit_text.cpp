@@ -42,16 +42,19 @@ std::size_t takeWordAt(std::u16string_view text, std::size_t i, Words& words) {
     return 1;
 }
 
-// Every word begins with a "c" or a "C", which most runs of four characters lack.
+// Every word begins with a "c" or a "C", which most runs of eight characters lack.
 Words findWords(std::u16string_view text) {
+    using namespace text_scan;
     Words words;
     std::size_t i = 0;
     while (i < text.size()) {
-        if (i + 4 <= text.size() &&
-            text_scan::lanesEqual(text_scan::load8(&text[i]) | 0x20 * text_scan::kLanes16, u'c') ==
-                0) {
-            i += 4;
-            continue;
+        if (i + 8 <= text.size()) {
+            const unsigned found = charsEqual(orChars(loadBlock(&text[i]), 0x20), u'c');
+            if (found == 0) {
+                i += 8;
+                continue;
+            }
+            i += firstChar(found);
         }
         i += isLetter(text[i], u'c') ? takeWordAt(text, i, words) : 1;
     }
@@ -76,6 +79,15 @@ void addCouplingWordCuts(const std::vector<Cut>& couplings, std::vector<Cut>& cu
     std::inplace_merge(cuts.begin(), cuts.begin() + commentCuts, cuts.end());
 }
 
+// The upper-cased twin of the text; apart, so that the loop is seen to write where it does not
+// read.
+void upperInto(const char16_t* __restrict text, std::size_t length, char16_t* __restrict upper) {
+    for (std::size_t i = 0; i < length; ++i) {
+        const char16_t c = text[i];
+        upper[i] = c >= u'a' && c <= u'z' ? char16_t(c - u'a' + u'A') : c;
+    }
+}
+
 // Cuts the ranges out of the text, each to stand as one blank, and makes the upper-cased twin.
 // Returns the new length.
 std::size_t applyCuts(const std::vector<Cut>& cuts, char16_t* text, std::size_t length,
@@ -90,10 +102,7 @@ std::size_t applyCuts(const std::vector<Cut>& cuts, char16_t* text, std::size_t 
     }
     std::copy(text + from, text + length, text + out);
     length = out + length - from;
-    for (std::size_t i = 0; i < length; ++i) {
-        const char16_t c = text[i];
-        upper[i] = c >= u'a' && c <= u'z' ? char16_t(c - u'a' + u'A') : c;
-    }
+    upperInto(text, length, upper);
     return length;
 }
 
@@ -110,9 +119,9 @@ std::size_t descriptionStart(std::string_view bytes) {
     };
     std::size_t lastWithBlank = units;
     for (std::size_t i = units; i > 0;) {
-        // Four characters at once while their bytes hold no "D".
-        if (i >= 4 && !text_scan::hasByte(text_scan::load8(&bytes[2 * (i - 4)]), 'D')) {
-            i -= 4;
+        // Eight characters at once while their bytes hold no "D".
+        if (i >= 8 && text_scan::bytesEqual(text_scan::loadBlock(&bytes[2 * (i - 8)]), 'D') == 0) {
+            i -= 8;
             continue;
         }
         --i;

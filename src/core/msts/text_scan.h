@@ -1,8 +1,15 @@
 #pragma once
-// Tests on eight bytes at a time, for the scans of whole unit texts: a word that holds none of
-// the characters looked for is passed over at once. Internal to the unit text work.
+// Tests on sixteen bytes at a time, for the scans of whole unit texts: a block that holds none
+// of the characters looked for is passed over at once. Internal to the unit text work. With
+// SSE2 (every x86-64 processor) a block is one register; elsewhere two 64-bit words.
+#include <bit>
 #include <cstdint>
 #include <cstring>
+
+#if defined(__SSE2__) || defined(_M_X64) || defined(_M_AMD64)
+#define RAKEYARD_TEXT_SCAN_SSE2 1
+#include <emmintrin.h>
+#endif
 
 namespace rakeyard::text_scan {
 
@@ -16,17 +23,81 @@ inline std::uint64_t load8(const void* p) {
     return word;
 }
 
-// True when some byte of the word is b.
-inline bool hasByte(std::uint64_t word, unsigned char b) {
-    const std::uint64_t x = word ^ (kLanes8 * b);
-    return ((x - kLanes8) & ~x & (kLanes8 << 7)) != 0;
-}
-
 // The top bit of each 16-bit lane of the word that is c, and of no other lane.
 inline std::uint64_t lanesEqual(std::uint64_t word, char16_t c) {
     constexpr std::uint64_t kLow15 = 0x7FFF * kLanes16;
     const std::uint64_t x = word ^ (kLanes16 * c);
     return ~(((x & kLow15) + kLow15) | x) & ~kLow15;
+}
+
+// Sixteen bytes: eight UTF-16 characters of a little-endian text. The masks hold one bit a
+// byte, bit k for byte k, so a character k found sets bits 2k and 2k + 1.
+#if RAKEYARD_TEXT_SCAN_SSE2
+using Block = __m128i;
+inline Block loadBlock(const void* p) {
+    return _mm_loadu_si128(static_cast<const __m128i*>(p));
+}
+inline void storeBlock(void* p, Block b) {
+    _mm_storeu_si128(static_cast<__m128i*>(p), b);
+}
+inline unsigned charsEqual(Block b, char16_t c) {
+    return static_cast<unsigned>(
+        _mm_movemask_epi8(_mm_cmpeq_epi16(b, _mm_set1_epi16(static_cast<short>(c)))));
+}
+inline unsigned bytesEqual(Block b, unsigned char c) {
+    return static_cast<unsigned>(
+        _mm_movemask_epi8(_mm_cmpeq_epi8(b, _mm_set1_epi8(static_cast<char>(c)))));
+}
+// The characters with these bits set, as (c | 0x20) folds an ASCII letter to lower case.
+inline Block orChars(Block b, char16_t bits) {
+    return _mm_or_si128(b, _mm_set1_epi16(static_cast<short>(bits)));
+}
+inline Block replaceChars(Block b, char16_t from, char16_t to) {
+    const __m128i found = _mm_cmpeq_epi16(b, _mm_set1_epi16(static_cast<short>(from)));
+    return _mm_xor_si128(b, _mm_and_si128(found, _mm_set1_epi16(static_cast<short>(from ^ to))));
+}
+#else
+struct Block {
+    std::uint64_t low, high;
+};
+inline Block loadBlock(const void* p) {
+    return {load8(p), load8(static_cast<const char*>(p) + 8)};
+}
+inline void storeBlock(void* p, Block b) {
+    std::memcpy(p, &b.low, 8);
+    std::memcpy(static_cast<char*>(p) + 8, &b.high, 8);
+}
+inline unsigned charsEqual(Block b, char16_t c) {
+    unsigned mask = 0;
+    const std::uint64_t halves[2] = {lanesEqual(b.low, c), lanesEqual(b.high, c)};
+    for (unsigned k = 0; k < 8; ++k) {
+        if (halves[k / 4] >> (16 * (k % 4) + 15) & 1) mask |= 3u << (2 * k);
+    }
+    return mask;
+}
+inline unsigned bytesEqual(Block b, unsigned char c) {
+    unsigned char bytes[16];
+    storeBlock(bytes, b);
+    unsigned mask = 0;
+    for (unsigned k = 0; k < 16; ++k) {
+        if (bytes[k] == c) mask |= 1u << k;
+    }
+    return mask;
+}
+inline Block orChars(Block b, char16_t bits) {
+    return {b.low | kLanes16 * bits, b.high | kLanes16 * bits};
+}
+inline Block replaceChars(Block b, char16_t from, char16_t to) {
+    const auto one = [&](std::uint64_t word) {
+        return word ^ (lanesEqual(word, from) >> 15) * static_cast<char16_t>(from ^ to);
+    };
+    return {one(b.low), one(b.high)};
+}
+#endif
+
+// The character of a mask's lowest set bit.
+inline unsigned firstChar(unsigned mask) {
+    return static_cast<unsigned>(std::countr_zero(mask)) / 2;
 }
 
 }  // namespace rakeyard::text_scan
