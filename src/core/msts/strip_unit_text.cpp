@@ -79,10 +79,12 @@ void addCouplingWordCuts(const std::vector<Cut>& couplings, std::vector<Cut>& cu
     std::inplace_merge(cuts.begin(), cuts.begin() + commentCuts, cuts.end());
 }
 
-// The upper-cased twin of the text; apart, so that the loop is seen to write where it does not
-// read.
-void upperInto(const char16_t* __restrict text, std::size_t length, char16_t* __restrict upper) {
-    for (std::size_t i = 0; i < length; ++i) {
+// The upper-cased twin of the text, eight characters at a time.
+void upperInto(const char16_t* text, std::size_t length, char16_t* upper) {
+    std::size_t i = 0;
+    for (; i + 8 <= length; i += 8)
+        text_scan::storeBlock(upper + i, text_scan::upperAsciiChars(text_scan::loadBlock(text + i)));
+    for (; i < length; ++i) {
         const char16_t c = text[i];
         upper[i] = c >= u'a' && c <= u'z' ? char16_t(c - u'a' + u'A') : c;
     }

@@ -56,6 +56,13 @@ inline Block replaceChars(Block b, char16_t from, char16_t to) {
     const __m128i found = _mm_cmpeq_epi16(b, _mm_set1_epi16(static_cast<short>(from)));
     return _mm_xor_si128(b, _mm_and_si128(found, _mm_set1_epi16(static_cast<short>(from ^ to))));
 }
+// The ASCII letters a to z made capitals, every other character kept.
+inline Block upperAsciiChars(Block b) {
+    const __m128i fromA = _mm_sub_epi16(b, _mm_set1_epi16('a'));
+    const __m128i letter = _mm_cmpeq_epi16(_mm_subs_epu16(fromA, _mm_set1_epi16(25)),
+                                           _mm_setzero_si128());
+    return _mm_sub_epi16(b, _mm_and_si128(letter, _mm_set1_epi16(0x20)));
+}
 #else
 struct Block {
     std::uint64_t low, high;
@@ -92,6 +99,14 @@ inline Block replaceChars(Block b, char16_t from, char16_t to) {
         return word ^ (lanesEqual(word, from) >> 15) * static_cast<char16_t>(from ^ to);
     };
     return {one(b.low), one(b.high)};
+}
+inline Block upperAsciiChars(Block b) {
+    char16_t chars[8];
+    storeBlock(chars, b);
+    for (char16_t& c : chars) {
+        if (c >= u'a' && c <= u'z') c = static_cast<char16_t>(c - 0x20);
+    }
+    return loadBlock(chars);
 }
 #endif
 
