@@ -4,6 +4,7 @@
 #include <QPainter>
 #include <QPainterPath>
 #include <QStyle>
+#include <optional>
 
 #include "ui/widgets/slot_pictures.h"
 
@@ -19,8 +20,12 @@ struct Glyph {
     QRgb colour;
 };
 
-// Buttons with no standard picture show a short sign on a coloured tile.
+// Every button shows a short sign on a coloured tile until the desktop's icons are looked up.
 constexpr Glyph kGlyphs[] = {
+    {"exit", "EX", 0xff7b241c},
+    {"new", "NEW", 0xff1e8449},
+    {"open", "OP", 0xff9a7d0a},
+    {"save", "SV", 0xff1a5276},
     {"test", "?!", 0xffc0392b},
     {"activity", "ACT", 0xff2c7a3f},
     {"alias", "AL", 0xff6c3483},
@@ -58,33 +63,32 @@ QIcon glyphIcon(const Glyph& glyph) {
 
 }  // namespace
 
-// The desktop's own icon where the freedesktop naming has one for the button, so the toolbar
-// looks as the user's other programs do; the style's or a painted one otherwise.
 QIcon toolbarIcon(const QString& key) {
+    for (const Glyph& glyph : kGlyphs)
+        if (key == glyph.key) return glyphIcon(glyph);
+    return QIcon(slotPicture("ENG"));
+}
+
+QIcon desktopToolbarIcon(const QString& key) {
     struct Themed {
         const char* key;
         const char* themeName;
-        QStyle::StandardPixmap fallback;
+        std::optional<QStyle::StandardPixmap> fallback;  // else the drawn icon
     };
-    static constexpr Themed kThemed[] = {
+    static const Themed kThemed[] = {
         {"exit", "application-exit", QStyle::SP_DialogCloseButton},
         {"new", "document-new", QStyle::SP_FileIcon},
         {"open", "document-open", QStyle::SP_DialogOpenButton},
         {"save", "document-save", QStyle::SP_DialogSaveButton},
+        {"paste", "edit-paste", std::nullopt},
+        {"delete", "edit-delete", std::nullopt},
     };
-    for (const Themed& themed : kThemed)
-        if (key == themed.key)
-            return QIcon::fromTheme(themed.themeName,
-                                    QApplication::style()->standardIcon(themed.fallback));
-    static constexpr std::pair<const char*, const char*> kThemedGlyphs[] = {
-        {"paste", "edit-paste"}, {"delete", "edit-delete"}};
-    for (const Glyph& glyph : kGlyphs) {
-        if (key != glyph.key) continue;
-        for (const auto& [glyphKey, themeName] : kThemedGlyphs)
-            if (key == glyphKey) return QIcon::fromTheme(themeName, glyphIcon(glyph));
-        return glyphIcon(glyph);
+    for (const Themed& themed : kThemed) {
+        if (key != themed.key) continue;
+        if (QIcon icon = QIcon::fromTheme(themed.themeName); !icon.isNull()) return icon;
+        return themed.fallback ? QApplication::style()->standardIcon(*themed.fallback) : QIcon();
     }
-    return QIcon(slotPicture("ENG"));
+    return {};
 }
 
 }  // namespace rakeyard::ui

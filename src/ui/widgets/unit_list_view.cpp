@@ -118,6 +118,8 @@ UnitListView::UnitListView(UnitClass which, QWidget* parent)
     header()->setStretchLastSection(true);
     header()->setSectionResizeMode(QHeaderView::Interactive);
     header()->setSortIndicatorClearable(true);
+    // Columns fit the first rows: measuring thousands of texts would hold the start back.
+    header()->setResizeContentsPrecision(200);
     setMinimumHeight(60);
     connect(selectionModel(), &QItemSelectionModel::currentChanged, this,
             &UnitListView::currentLineChanged);

@@ -111,6 +111,7 @@ public:
 
 protected:
     void closeEvent(QCloseEvent* event) override;
+    void showEvent(QShowEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
@@ -118,6 +119,7 @@ private:
     void buildMenus();
     void connectMenus();
     void buildToolbar();
+    void useDesktopToolbarIcons();
     void buildLayout();
     QWidget* buildListsRow();
     QWidget* buildStrip();
@@ -233,6 +235,7 @@ private:
     std::unique_ptr<QtStartUpWindows> startUpWindows_;
     bool updatingControls_ = false;  // set while the window writes its own boxes
     bool unloading_ = false;
+    bool desktopIconsAsked_ = false;
     unsigned replacedSeen_ = 0;  // the consist's count of replacements the history knows of
 };
 

@@ -3,6 +3,7 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QToolBar>
+#include <QTimer>
 #include <QToolButton>
 
 #include "ui/widgets/toolbar_icons.h"
@@ -189,6 +190,24 @@ void frmMain::buildToolbar() {
         if (key == "save" || key == "alias" || key == "random" || key == "loose")
             Toolbar1->addSeparator();
     }
+}
+
+void frmMain::useDesktopToolbarIcons() {
+    for (QAction* action : Toolbar1->actions()) {
+        const QString name = action->objectName();
+        if (!name.startsWith("tbr_")) continue;
+        if (const QIcon icon = desktopToolbarIcon(name.mid(4)); !icon.isNull())
+            action->setIcon(icon);
+    }
+}
+
+// The desktop's icons come once the window stands, so that looking them up does not hold the
+// window back at start.
+void frmMain::showEvent(QShowEvent* event) {
+    QMainWindow::showEvent(event);
+    if (desktopIconsAsked_) return;
+    desktopIconsAsked_ = true;
+    QTimer::singleShot(0, this, &frmMain::useDesktopToolbarIcons);
 }
 
 }  // namespace rakeyard::ui
