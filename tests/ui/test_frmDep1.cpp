@@ -32,10 +32,13 @@ struct DependencyRoute {
         state->paths.trainsetPath = msts.trainset();
         std::filesystem::create_directories(msts.home());
         msts.write("ROUTES/Valley/valley.trk", "Tr_RouteFile (\n\tName ( \"Valley\" )\n)\n");
+        std::string filler;  // long enough for events to run while it is read
+        for (int i = 0; i < 600; ++i)
+            filler += "\t\tUiD ( 0 )\n";
         msts.write("ROUTES/Valley/ACTIVITIES/a.act",
                    "Tr_Activity (\n\tRouteID ( Valley )\n\tName ( Coal run )\n"
-                   "\tName ( \"Loose consist.\" )\n\tWagonData ( van W )\n"
-                   "\tEngineData ( gone E )\n)\n");
+                   "\tName ( \"Loose consist.\" )\n\tWagonData ( van W )\n" +
+                       filler + "\tEngineData ( gone E )\n)\n");
         msts.write("ROUTES/Valley/ACTIVITIES/b.act",
                    "Tr_Activity (\n\tRouteID ( Valley )\n\tName ( Later )\n"
                    "\tName ( \"Loose consist.\" )\n)\n");
@@ -125,7 +128,7 @@ void DependenciesWindowTest::stopEndsTheScanAtTheNextFile() {
     choose(window, 0);
     bool stopVisible = false, expandEnabled = true;
     t.fake.progress.onStep = [&] {
-        if (!window.Command1[0]->isVisible()) return;
+        if (!window.Command1[0]->isVisible() || window.scan().tree.size() < 4) return;
         stopVisible = true;
         expandEnabled = window.Command2->isEnabled();
         window.Command1[0]->click();

@@ -71,6 +71,11 @@ private:
                           bytes) &&
                !bytes.empty();
     }
+    // Events run every few hundred lines: a long file keeps the window answering, and the
+    // thousands of short ones do not pay for a look at the clock at every line.
+    void lineRead() {
+        if (++linesRead_ % kLinesPerStep == 0) services_.progress.step();
+    }
     // Reads the unit line under the node holding parentKey; false when the line is in error.
     bool unitLine(Line line, UnitLineKind kind, const std::string& parentKey);
     void readActivity(const std::string& file);
@@ -82,6 +87,8 @@ private:
     DependencyScan& scan_;
     Services& services_;
     const std::string trainset_;
+    static constexpr unsigned kLinesPerStep = 256;
+    unsigned linesRead_ = 0;
     int looseCount_ = 1;        // "B": the loose consists of all activities
     int serviceCount_ = 1;      // "C": every service file, also one naming no consist
     std::string activityName_;  // from the last "RouteID (" line, in whichever file it was
@@ -104,8 +111,8 @@ bool RouteScanner::unitLine(Line line, UnitLineKind kind, const std::string& par
 bool RouteScanner::readActivities(const std::string& routeFolder) {
     const std::string folder = joinPath(routeFolder, "ACTIVITIES");
     for (const std::string& file : filesEndingIn(services_.fs, folder, ".ACT")) {
-        if (scan_.stopFlag) return false;
         services_.progress.step();
+        if (scan_.stopFlag) return false;
         if (read(folder, file, fileBytes_)) readActivity(file);
     }
     return true;
@@ -117,7 +124,7 @@ void RouteScanner::readActivity(const std::string& file) {
     bool loose = false, nameLineNext = false, inError = false;
     std::string looseKey;
     (void)forEachTextLine(fileBytes_, fileText_, [&](Line line) {
-        services_.progress.step();
+        lineRead();
         if (nameLineNext) {
             activityName_ = activityNameOf(line);
             nameLineNext = false;
@@ -146,8 +153,8 @@ void RouteScanner::readActivity(const std::string& file) {
 bool RouteScanner::readServices(const std::string& routeFolder) {
     const std::string folder = joinPath(routeFolder, "SERVICES");
     for (const std::string& file : filesEndingIn(services_.fs, folder, ".SRV")) {
-        if (scan_.stopFlag) return false;
         services_.progress.step();
+        if (scan_.stopFlag) return false;
         ++serviceCount_;
         if (read(folder, file, fileBytes_)) readService(file);
     }
@@ -158,7 +165,7 @@ void RouteScanner::readService(const std::string& file) {
     const std::string key = "C" + std::to_string(serviceCount_);
     const std::string told = "The service " + file + " contains an error.";
     (void)forEachTextLine(fileBytes_, fileText_, [&](Line line) {
-        services_.progress.step();
+        lineRead();
         if (!contains(line, u"Train_Config (")) return true;
         const std::optional<UnitLine> stem = readUnitLine(toUtf8(line), UnitLineKind::TrainConfig);
         if (!stem) {
@@ -182,7 +189,7 @@ void RouteScanner::readService(const std::string& file) {
 bool RouteScanner::readConsist(const std::string& key) {
     bool inError = false;
     (void)forEachTextLine(consistBytes_, consistText_, [&](Line line) {
-        services_.progress.step();
+        lineRead();
         const bool engine = contains(line, u"EngineData (");
         if (!engine && !contains(line, u"WagonData (")) return true;
         inError = !unitLine(line, engine ? UnitLineKind::Engine : UnitLineKind::Wagon, key);

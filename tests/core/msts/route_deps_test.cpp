@@ -186,16 +186,22 @@ TEST_F(RouteDeps, LinesInErrorInServicesAndConsists) {
 
 // Stop is seen once per file: the file in reading is read to its end, and no other is opened.
 TEST_F(RouteDeps, StopEndsTheScanAtTheNextFile) {
-    activity("a.act",
-             "RouteID ( R )\nName ( A )\nLoose consist\nWagonData ( one W )\n"
-             "WagonData ( two W )\n");
+    std::string filler;  // long enough for events to run in the midst of the file
+    for (int i = 0; i < 600; ++i)
+        filler += "\tUiD ( 0 )\n";
+    activity("a.act", "RouteID ( R )\nName ( A )\nLoose consist\nWagonData ( one W )\n" + filler +
+                          "WagonData ( two W )\n");
     activity("b.act", "RouteID ( R )\nName ( B )\nLoose consist\n");
     service("a.srv", "Train_Config ( gone )\n");
+    int stepsInTheFile = 0;
     fake.progress.onStep = [&] {
-        if (scan.tree.size() > 3) scan.stopFlag = true;
+        if (scan.tree.size() != 4) return;
+        ++stepsInTheFile;
+        scan.stopFlag = true;
     };
     EXPECT_THAT(scanR(),
                 ElementsAre("A  [loose consist]", "  one.wag  [missing]", "  two.wag  [missing]"));
+    EXPECT_GT(stepsInTheFile, 0);
 }
 
 TEST_F(RouteDeps, WithoutTheRoutesFolderOnlyTheRootIsLeft) {
