@@ -108,6 +108,7 @@ void DependenciesWindowTest::aScanShowsTheRouteWithTheMissingOnesOpened() {
     QCOMPARE(textOf(coal), QString("coal.con"));
     QCOMPARE(textOf(child(model, route, 3)), QString("nowhere.con"));
     // The path to each missing one is open; the rest waits for Expand tree.
+    QVERIFY(window.TreeView->isExpanded(root));
     QVERIFY(window.TreeView->isExpanded(route));
     QVERIFY(window.TreeView->isExpanded(coalRun));
     QVERIFY(!window.TreeView->isExpanded(coal));

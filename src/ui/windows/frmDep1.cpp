@@ -9,7 +9,7 @@
 #include <QPushButton>
 #include <QTreeView>
 #include <QVBoxLayout>
-#include <set>
+#include <vector>
 
 #include "core/consist/consist_reader.h"
 #include "core/consist/save_offer.h"
@@ -177,14 +177,17 @@ void frmDep1::Command1_Click(int index) {
 // The tree shown with every node the scan made visible: its parents are opened.
 void frmDep1::showTree() {
     model_->setTree(&scan_.tree);
-    std::set<std::size_t> opened;
+    std::vector<bool> opened(scan_.tree.size(), false);
+    const auto open = [&](std::size_t node) {
+        opened[node] = true;
+        TreeView->expand(model_->indexOf(node));
+    };
+    if (!scan_.tree.empty()) open(0);
     for (std::size_t node = 0; node < scan_.tree.size(); ++node) {
         if (!scan_.tree[node].revealed) continue;
-        for (std::size_t up = scan_.tree[node].parent; opened.insert(up).second && up != 0;
-             up = scan_.tree[up].parent)
-            TreeView->expand(model_->indexOf(up));
+        for (std::size_t up = scan_.tree[node].parent; !opened[up]; up = scan_.tree[up].parent)
+            open(up);
     }
-    if (!opened.count(0)) TreeView->expand(model_->indexOf(0));
     TreeView->show();
     TreeView->setCurrentIndex(model_->indexOf(0));
 }
