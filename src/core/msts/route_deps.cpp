@@ -1,6 +1,7 @@
 #include "core/msts/route_deps.h"
 
 #include <algorithm>
+#include <unordered_map>
 
 #include "core/msts/file_lookup.h"
 #include "core/msts/route_files.h"
@@ -82,6 +83,13 @@ private:
     void readService(const std::string& file);
     // Reads the consist a service names under the node holding key; false at a line in error.
     bool readConsist(const std::string& key);
+    // Whether the unit file is there and holds something. Each unit is looked for once a scan:
+    // the same wagons stand in many consists.
+    bool isPresent(const std::string& unit) {
+        const auto [known, added] = present_.try_emplace(upperAscii(unit), false);
+        if (added) known->second = sizeInside(services_.fs, paths_.mstsPath, trainset_, unit) != 0;
+        return known->second;
+    }
 
     const PathGlobals& paths_;
     DependencyScan& scan_;
@@ -94,13 +102,13 @@ private:
     std::string activityName_;  // from the last "RouteID (" line, in whichever file it was
     std::string fileBytes_, consistBytes_;  // kept from file to file
     std::u16string fileText_, consistText_;
+    std::unordered_map<std::string, bool> present_;  // by the unit's path, upper-cased
 };
 
 bool RouteScanner::unitLine(Line line, UnitLineKind kind, const std::string& parentKey) {
     const std::optional<UnitLine> unit = readUnitLine(toUtf8(line), kind);
     if (!unit) return false;
-    const bool present =
-        sizeInside(services_.fs, paths_.mstsPath, trainset_, unit->folder + "\\" + unit->name) != 0;
+    const bool present = isPresent(unit->folder + "\\" + unit->name);
     const std::size_t node = scan_.tree.add(
         parentKey, {}, present ? DependencyKind::PresentUnit : DependencyKind::MissingUnit,
         unit->name);
