@@ -3,14 +3,17 @@
 #include <QApplication>
 #include <QComboBox>
 #include <QLabel>
+#include <QLineEdit>
 #include <QPushButton>
 #include <QSignalSpy>
 #include <QTest>
+#include <QTimer>
 #include <QTreeView>
 #include <filesystem>
 
 #include "core/app/app_state.h"
 #include "core/settings/settings_file.h"
+#include "main_window_fixture.h"
 #include "support/fakes.h"
 #include "support/msts_tree.h"
 #include "ui/widgets/dependency_model.h"
@@ -74,6 +77,7 @@ private Q_SLOTS:
     void theLegendShowsTheSixPictures();
     void aConsistNodeLoadsItsConsist();
     void placeAndSizeAreKept();
+    void theMainWindowOpensItAndShowsTheConsistLoaded();
 };
 
 void DependenciesWindowTest::aScanShowsTheRouteWithTheMissingOnesOpened() {
@@ -198,6 +202,33 @@ void DependenciesWindowTest::placeAndSizeAreKept() {
     QCOMPARE(int(record.dependenciesHeight), 480 * 15);
     ui::frmDep1 again(*t.state, t.fake.services);
     QCOMPARE(again.size(), QSize(640, 480));
+}
+
+// View > Dependencies opens the window over the main window, which shows a consist loaded from
+// the tree while the window is still open.
+void DependenciesWindowTest::theMainWindowOpensItAndShowsTheConsistLoaded() {
+    test::MainWindowFixture f;
+    f.msts.write("ROUTES/Valley/valley.trk", "Tr_RouteFile (\n\tName ( \"Valley\" )\n)\n");
+    f.msts.write("ROUTES/Valley/SERVICES/Coal.srv", "Train_Config ( coal )\n");
+    f.msts.write("TRAINS/CONSISTS/coal.con",
+                 "Train (\n\tTrainCfg ( coal\n\t\tName ( \"Coal\" )\n"
+                 "\t\tWagonData ( van WAGONS )\n\t)\n)");
+    QString shownBehind;
+    bool opened = false;
+    QTimer::singleShot(0, [&] {
+        auto* window = qobject_cast<ui::frmDep1*>(QApplication::activeModalWidget());
+        if (!window) return;
+        opened = true;
+        choose(*window, 0);
+        window->Command1[1]->click();
+        ui::DependencyModel& model = window->model();
+        Q_EMIT window->TreeView->activated(child(model, child(model, model.index(0, 0), 0), 0));
+        shownBehind = f.window->findChild<QLineEdit*>("Text2_0")->text();
+        window->close();
+    });
+    f.window->findChild<QAction*>("mnuActsUse")->trigger();
+    QVERIFY(opened);
+    QCOMPARE(shownBehind, QString("coal"));
 }
 
 QTEST_MAIN(DependenciesWindowTest)
