@@ -84,16 +84,21 @@ TEST(DependencyTreeModel, ANodeWhoseKeyIsHeldIsRefusedAndItsUnitsGoUnderTheHolde
 TEST_F(RouteDeps, GetRoutesGivesEveryFolderItsRow) {
     std::filesystem::create_directories(msts.msts() + "/ROUTES/NoTrack");
     route("Broken", "Name ( Broken");
+    route("Locked", "Name ( Locked )");
+    fake.fs.unreadableNames = {"LOCKED.TRK"};
     const std::vector<std::string> names =
         getRoutes(state->paths, state->routes, fake.services, scan.stopFlag);
     EXPECT_THAT(names, ElementsAre("R"));
     EXPECT_EQ(lastPathPart(state->routes.routes[0].folder), "Broken");
     EXPECT_EQ(state->routes.routes[0].trackFile, "BROKEN.TRK");
-    EXPECT_EQ(lastPathPart(state->routes.routes[1].folder), "NoTrack");
-    EXPECT_EQ(state->routes.routes[1].trackFile, "");
-    EXPECT_EQ(state->routes.routes[2].routeName, "R");
+    EXPECT_EQ(state->routes.routes[1].trackFile, "LOCKED.TRK");
+    EXPECT_EQ(lastPathPart(state->routes.routes[2].folder), "NoTrack");
+    EXPECT_EQ(state->routes.routes[2].trackFile, "");
+    EXPECT_EQ(state->routes.routes[3].routeName, "R");
+    // A route file that can't be opened is told, and the next folders are still read.
     EXPECT_THAT(fake.dialogs.texts(),
-                ElementsAre("Couldn't get the route name from the file BROKEN.TRK"));
+                ElementsAre("Couldn't get the route name from the file BROKEN.TRK",
+                            "Could not open the route file LOCKED.TRK"));
 }
 
 // The words "LOOSE CONSIST" open a node whose units run to the end of the file, whatever object
