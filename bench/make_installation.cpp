@@ -7,6 +7,11 @@
 // engines are tens of kilobytes (long descriptions, comments, many light blocks), wagons a few.
 // Every unit file is UTF-16 LE behind FF FE with CR LF line ends, as MSTS writes them; each
 // folder also holds the shape and shape definition files a real one would.
+//
+// After the units, one route, ROUTES/Bench_Route: 100 activities with two loose consists each
+// and 200 services, each naming a consist of its own under TRAINS/CONSISTS. One consist in ten
+// is not there, and one unit in twenty a line names. The route takes its random numbers from a
+// generator of its own, so the units are those the same arguments gave before it was added.
 #include <cstdint>
 #include <cstdio>
 #include <filesystem>
@@ -208,8 +213,13 @@ void writeCabAndSounds(const std::filesystem::path& folder, const std::string& n
 }
 
 // Fills one folder with its units and the shape files beside them.
+// A unit as a line of a consist names it: its file name without extension, and its folder.
+struct UnitName {
+    std::string name, folder;
+};
+
 void writeUnits(const std::filesystem::path& folder, const std::string& stem, int count,
-                bool engines, Random& random) {
+                bool engines, Random& random, std::vector<UnitName>& written) {
     std::filesystem::create_directories(folder);
     for (int i = 0; i < count; ++i) {
         const std::string name = mixedCase(stem + "_" + std::to_string(i), random);
@@ -217,10 +227,107 @@ void writeUnits(const std::filesystem::path& folder, const std::string& stem, in
             random.below(50) == 0 ? (engines ? ".ENG" : ".WAG") : (engines ? ".eng" : ".wag");
         const std::string text = engines ? engineText(name, random) : wagonText(name, random);
         writeFile(folder / (name + extension), msts(text));
+        written.push_back({name, folder.filename().string()});
         if (engines) writeCabAndSounds(folder, name, text);
         writeFile(folder / (name + ".sd"),
                   msts("SIMISA@@@@@@@@@@JINX0t1t______\n\nshape ( " + name + ".s\n)\n"));
         writeFile(folder / (name + ".s"), std::string(512, '\x01'));
+    }
+}
+
+// A unit line: mostly a unit that is there, one in twenty a name that is not.
+std::string unitLine(const std::vector<UnitName>& units, bool engine, Random& random) {
+    UnitName unit = units.empty() ? UnitName{"none", "none"} : random.pick(units);
+    if (random.below(20) == 0) unit.name += "_gone";
+    return std::string(engine ? "EngineData ( " : "WagonData ( ") + unit.name + " " +
+           unit.folder + " )";
+}
+
+// The units of a train: one or two engines, then eight to fourteen wagons.
+std::string trainUnits(const std::vector<UnitName>& engines, const std::vector<UnitName>& wagons,
+                       const std::string& indent, Random& random) {
+    std::string text;
+    const int engineCount = 1 + random.below(2), count = engineCount + 8 + random.below(7);
+    for (int i = 0; i < count; ++i) {
+        const bool engine = i < engineCount;
+        text += indent + (engine ? "Engine (\n" : "Wagon (\n") + indent + "\t" +
+                unitLine(engine ? engines : wagons, engine, random) + "\n" + indent +
+                "\tUiD ( " + std::to_string(i) + " )\n" + indent + ")\n";
+    }
+    return text;
+}
+
+std::string consistStem(int service) { return "Bench consist " + std::to_string(service); }
+
+std::string serviceText(int service, Random& random) {
+    const std::string stem = consistStem(service);
+    return "SIMISA@@@@@@@@@@JINX0s0t______\n\nService_Definition (\n\tSerial ( 1 )\n"
+           "\tName ( \"" + sentence(random, 4) + "\" )\n"
+           "\tTrain_Config ( \"" + stem + "\" )\n\tPathID ( Bench_Path )\n"
+           "\tMaxWheelAcceleration ( 0.5 )\n\tEfficiency ( 0.9 )\n\tTimeTable (\n"
+           "\t\tStartTime ( 0 )\n\t\tPlatform ( 0 )\n\t)\n)\n";
+}
+
+std::string consistText(int service, const std::vector<UnitName>& engines,
+                        const std::vector<UnitName>& wagons, Random& random) {
+    const std::string stem = consistStem(service);
+    return "SIMISA@@@@@@@@@@JINX0D0t______\n\nTrain (\n\tTrainCfg ( \"" + stem + "\"\n"
+           "\t\tName ( \"" + stem + "\" )\n\t\tSerial ( 1 )\n"
+           "\t\tMaxVelocity ( 40.0 0.5 )\n\t\tNextWagonUID ( 20 )\n"
+           "\t\tDurability ( 1.00000 )\n" + trainUnits(engines, wagons, "\t\t", random) +
+           "\t)\n)";
+}
+
+// An activity as the activity editor writes it: its header, the player's and the traffic's
+// services, events, and its loose consists among the activity objects.
+std::string activityText(int activity, int services, const std::vector<UnitName>& engines,
+                         const std::vector<UnitName>& wagons, Random& random) {
+    std::string text = "SIMISA@@@@@@@@@@JINX0a0t______\n\nTr_Activity (\n\tSerial ( 1 )\n"
+                       "\tTr_Activity_Header (\n\t\tRouteID ( Bench_Route )\n"
+                       "\t\tName ( \"Bench activity " + std::to_string(activity) + "\" )\n"
+                       "\t\tDescription ( \"" + sentence(random, 30) + "\" )\n"
+                       "\t\tBriefing ( \"" + sentence(random, 60) + "\" )\n"
+                       "\t\tStartTime ( 8 0 0 )\n\t\tPathID ( Bench_Path )\n\t)\n"
+                       "\tTr_Activity_File (\n\t\tPlayer_Service_Definition ( \"" +
+                       consistStem(random.below(services)) + "\"\n\t\t\tUiD ( 0 )\n\t\t)\n"
+                       "\t\tTraffic_Definition ( Bench_Traffic\n";
+    for (int i = 0; i < 4; ++i)
+        text += "\t\t\tService_Definition ( \"" + consistStem(random.below(services)) + "\" " +
+                std::to_string(30000 + 300 * i) + "\n\t\t\t\tUiD ( " + std::to_string(i + 1) +
+                " )\n\t\t\t)\n";
+    text += "\t\t)\n\t\tEvents (\n";
+    for (int i = 0; i < 20; ++i)
+        text += "\t\t\tEventCategoryLocation (\n\t\t\t\tID ( " + std::to_string(i) +
+                " )\n\t\t\t\tOutcomes (\n\t\t\t\t\tDisplayMessage ( \"" +
+                sentence(random, 12) + "\" )\n\t\t\t\t)\n\t\t\t)\n";
+    text += "\t\t)\n\t\tActivityObjects (\n";
+    for (int i = 0; i < 2; ++i)
+        text += "\t\t\tActivityObject (\n\t\t\t\tObjectType ( WagonsList )\n"
+                "\t\t\t\tTrain_Config (\n\t\t\t\t\tTrainCfg ( \"\"\n"
+                "\t\t\t\t\t\tName ( \"Loose consist.\" )\n\t\t\t\t\t\tSerial ( 1 )\n" +
+                trainUnits(engines, wagons, "\t\t\t\t\t\t", random) +
+                "\t\t\t\t\t)\n\t\t\t\t)\n\t\t\t\tID ( " + std::to_string(32768 + i) +
+                " )\n\t\t\t)\n";
+    return text + "\t\t)\n\t)\n)\n";
+}
+
+void writeRoute(const std::filesystem::path& root, const std::vector<UnitName>& engines,
+                const std::vector<UnitName>& wagons, Random& random) {
+    constexpr int kActivities = 100, kServices = 200;
+    const std::filesystem::path route = root / "ROUTES" / "Bench_Route";
+    std::filesystem::create_directories(route / "ACTIVITIES");
+    std::filesystem::create_directories(route / "SERVICES");
+    writeFile(route / "Bench_Route.trk",
+              msts("SIMISA@@@@@@@@@@JINX0r1t______\n\nTr_RouteFile (\n\tRouteID ( Bench_Route )\n"
+                   "\tName ( \"Bench Route\" )\n\tFileName ( Bench_Route )\n)\n"));
+    for (int i = 0; i < kActivities; ++i)
+        writeFile(route / "ACTIVITIES" / ("Bench_activity_" + std::to_string(i) + ".act"),
+                  msts(activityText(i, kServices, engines, wagons, random)));
+    for (int i = 0; i < kServices; ++i) {
+        writeFile(route / "SERVICES" / (consistStem(i) + ".srv"), msts(serviceText(i, random)));
+        if (random.below(10) != 0)
+            writeFile(root / "TRAINS" / "CONSISTS" / (consistStem(i) + ".con"),
+                      msts(consistText(i, engines, wagons, random)));
     }
 }
 
@@ -239,20 +346,26 @@ int main(int argc, char** argv) {
     std::filesystem::create_directories(root / "TRAINS" / "CONSISTS");
     std::filesystem::create_directories(root / "SOUND");
 
+    std::vector<UnitName> engineNames, wagonNames;
     int folder = 0;
     for (int written = 0; written < engines; ++folder) {
         const int count = std::min(1 + random.below(4), engines - written);
         const std::string stem = mixedCase("loco" + std::to_string(folder), random);
-        writeUnits(trainset / mixedCase("Bench_" + stem, random), stem, count, true, random);
+        writeUnits(trainset / mixedCase("Bench_" + stem, random), stem, count, true, random,
+                   engineNames);
         written += count;
     }
     for (int written = 0; written < wagons; ++folder) {
         const int count = std::min(2 + random.below(5), wagons - written);
         const std::string stem = mixedCase("stock" + std::to_string(folder), random);
-        writeUnits(trainset / mixedCase("Bench_" + stem, random), stem, count, false, random);
+        writeUnits(trainset / mixedCase("Bench_" + stem, random), stem, count, false, random,
+                   wagonNames);
         written += count;
     }
-    std::printf("%s: %d engines, %d wagons in %d folders\n", root.string().c_str(), engines, wagons,
-                folder);
+    Random routeRandom(argc > 4 ? std::stoull(argv[4]) + 1000 : 1001);
+    writeRoute(root, engineNames, wagonNames, routeRandom);
+    std::printf("%s: %d engines, %d wagons in %d folders; route Bench_Route: 100 activities, "
+                "200 services\n",
+                root.string().c_str(), engines, wagons, folder);
     return 0;
 }

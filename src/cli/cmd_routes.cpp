@@ -1,15 +1,17 @@
-// routes, activities: the route and activity scan of the window "Consists from activities".
+// routes, activities, loose-test: the route and activity scan of the window "Consists from
+// activities"; deps: the dependency tree of the window "Dependencies".
 #include <cstdio>
 #include <string>
 #include <vector>
 
 #include "cli/cli_json.h"
 #include "cli/commands.h"
+#include "core/msts/route_deps.h"
 #include "core/msts/route_scan.h"
 #include "core/platform/paths.h"
+#include "core/platform/text_utf.h"
 #include "core/tester/loose_test.h"
 #include "core/tester/reports.h"
-#include "core/platform/text_utf.h"
 
 namespace rakeyard::cli {
 namespace {
@@ -22,7 +24,8 @@ const RouteEntry* findRoute(const RouteTables& tables, const std::string& given)
     for (const RouteEntry& route : tables.routes) {
         if (route.routeName.empty()) continue;
         const std::size_t cut = route.folder.find_last_of("/\\");
-        if (route.folder.substr(cut + 1) == folder || upperAscii(route.folder) == folder)
+        if (upperAscii(route.folder.substr(cut + 1)) == folder ||
+            upperAscii(route.folder) == folder)
             return &route;
     }
     return nullptr;
@@ -37,11 +40,11 @@ const ActivityEntry* findActivity(const RouteTables& tables, const ActivityScan&
             for (const ActivityEntry& entry : tables.activities)
                 if (entry.activityName == name) return &entry;
     const std::string file = upperAscii(given);
-    for (std::size_t i = 0; i < scan.activityNames.size() + 1 && i < RouteTables::kActivities; ++i) {
+    for (std::size_t i = 0; i < scan.activityNames.size() + 1 && i < RouteTables::kActivities;
+         ++i) {
         const ActivityEntry& entry = tables.activities[i];
         const std::string upper = upperAscii(entry.fileName);
-        if (!entry.activityName.empty() && (upper == file || upper == file + ".ACT"))
-            return &entry;
+        if (!entry.activityName.empty() && (upper == file || upper == file + ".ACT")) return &entry;
     }
     return nullptr;
 }
@@ -61,6 +64,14 @@ int openRoute(CliContext& context, const std::string& given, ActivityScan& scan)
 void printLines(const std::vector<std::string>& lines) {
     for (const std::string& line : lines)
         std::printf("%s\n", line.c_str());
+}
+
+Json nodeJson(const DependencyTree& tree, std::size_t index) {
+    const DependencyNode& node = tree[index];
+    Json children = Json::array();
+    for (std::size_t child : node.children)
+        children.push_back(nodeJson(tree, child));
+    return Json{{"kind", kindName(node.kind)}, {"text", node.text}, {"children", children}};
 }
 
 }  // namespace
@@ -170,6 +181,28 @@ int runLooseTest(CliContext& context, CommandArguments& arguments) {
             std::printf("Report: %s\n", joinPath(folder, report).c_str());
     }
     return found ? kExitFound : kExitDone;
+}
+
+// The dependency tree of a route, as the window "Dependencies" shows it.
+int runDeps(CliContext& context, CommandArguments& arguments) {
+    const std::vector<std::string> operands = arguments.operands();
+    if (!arguments.error().empty()) return usageError(context, arguments.error());
+    if (operands.size() != 1) return usageError(context, "deps takes ROUTE");
+    if (int status = context.startUp(); status != kExitDone) return status;
+    const PathGlobals& paths = context.state->paths;
+    RouteTables& tables = context.state->routes;
+    DependencyScan scan;
+    (void)getRoutes(paths, tables, context.services, scan.stopFlag);
+    const RouteEntry* route = findRoute(tables, operands[0]);
+    if (!route) return usageError(context, "no route " + operands[0]);
+    scanOne(paths, tables, route->routeName, scan, context.services);
+    context.endProgress();
+    if (context.options.json) {
+        printJson(nodeJson(scan.tree, 0));
+    } else {
+        printLines(indentedLines(scan.tree));
+    }
+    return kExitDone;
 }
 
 }  // namespace rakeyard::cli

@@ -29,6 +29,7 @@ int runTestConsists(CliContext& context, CommandArguments& arguments);
 int runRoutes(CliContext& context, CommandArguments& arguments);
 int runActivities(CliContext& context, CommandArguments& arguments);
 int runLooseTest(CliContext& context, CommandArguments& arguments);
+int runDeps(CliContext& context, CommandArguments& arguments);
 int runAliasList(CliContext& context, CommandArguments& arguments);
 int runAliasEngine(CliContext& context, CommandArguments& arguments);
 int runAliasCabFolder(CliContext& context, CommandArguments& arguments);

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <set>
 #include <nlohmann/json.hpp>
 
 #include "cli/cli_runner.h"
@@ -57,6 +58,55 @@ TEST(RouteCommands, TheSampleRouteItsActivitiesAndTheirConsists) {
     EXPECT_THAT(readWholeFile(home + "/Reports/ActMissing.txt"), HasSubstr("RY_Class08.ENG"));
     EXPECT_THAT(readWholeFile(home + "/Reports/ActSyntax.txt"), HasSubstr("\"WagonData\""));
     EXPECT_EQ(scanOf(msts, home, {"loose-test", "RY_Valley"}).status, 2);
+}
+
+// The tree as text and as JSON; a route unknown is bad usage, a line in error an error line
+// with status 1.
+TEST(RouteCommands, TheSampleRoutesDependencyTree) {
+    TempFolder folder;
+    const std::string msts = copySamples(folder.path());
+    const std::string home = folder / "home";
+    const CliRun text = scanOf(msts, home, {"deps", "ry_valley"});
+    EXPECT_EQ(text.status, 1);
+    EXPECT_THAT(text.err, testing::EndsWith("\nerror: The activity RY_Morning_Coal.act contains "
+                                            "an error.\n"));
+    const std::vector<std::string> lines = linesOf(text.out);
+    ASSERT_GE(lines.size(), 3u);
+    EXPECT_EQ(lines[0], "ROUTE");
+    EXPECT_EQ(lines[1], "  Rakeyard Valley Line");
+    EXPECT_THAT(lines, testing::Contains("    Morning coal  [loose consist]"));
+    EXPECT_THAT(lines, testing::Contains("      RY_Class08.eng  [missing]"));
+    EXPECT_THAT(lines, testing::Contains("      RY_Van12t.wag  [missing]"));
+    EXPECT_THAT(lines, testing::Contains("    RY_Coal_Up.con"));
+
+    const CliRun json = scanOf(msts, home, {"--json", "deps", "Rakeyard Valley Line"});
+    const nlohmann::json root = nlohmann::json::parse(json.out);
+    EXPECT_EQ(root["kind"], "root");
+    EXPECT_EQ(root["text"], "ROUTE");
+    ASSERT_EQ(root["children"].size(), 1u);
+    const nlohmann::json& route = root["children"][0];
+    EXPECT_EQ(route["kind"], "route");
+    std::set<std::string> kinds;
+    for (const nlohmann::json& node : route["children"]) {
+        kinds.insert(node["kind"].get<std::string>());
+        for (const nlohmann::json& unit : node["children"])
+            kinds.insert(unit["kind"].get<std::string>());
+    }
+    EXPECT_EQ(kinds, (std::set<std::string>{"consist", "loose", "missingConsist", "missingUnit",
+                                             "unit"}));
+    EXPECT_EQ(scanOf(msts, home, {"deps", "Nowhere"}).status, 2);
+    EXPECT_EQ(scanOf(msts, home, {"deps"}).status, 2);
+}
+
+TEST(RouteCommands, PublishedRouteDependencyTree) {
+    const std::filesystem::path demo =
+        std::filesystem::path(RAKEYARD_REALDATA_DIR) / "cjakeman_Demo-Model-1";
+    if (!std::filesystem::is_directory(demo)) GTEST_SKIP() << "no real content here";
+    TempFolder folder;
+    const CliRun run = scanOf(demo.string(), folder / "home", {"deps", "SCE"});
+    EXPECT_EQ(run.status, 0) << run.err;
+    EXPECT_THAT(run.out, HasSubstr("  [loose consist]\n"));
+    EXPECT_THAT(run.out, HasSubstr("#MT_MT_BlueGrey CL47706 & 8 mk.con"));
 }
 
 TEST(RouteCommands, PublishedActivityWithItsLooseConsists) {

@@ -3,8 +3,7 @@
 #include <algorithm>
 #include <functional>
 
-#include "core/msts/inside_path.h"
-#include "core/msts/text_lines.h"
+#include "core/msts/route_files.h"
 #include "core/platform/file_names.h"
 #include "core/platform/paths.h"
 #include "core/platform/text_utf.h"
@@ -13,36 +12,7 @@ namespace rakeyard {
 
 namespace {
 
-// Routes, activities and services are small; a larger file is not read, so that memory stays
-// bounded whatever a folder holds.
-constexpr std::uintmax_t kRouteFileSizeLimit = 64u << 20;
-
 using Line = std::u16string;
-
-bool endsWithNoCase(const std::string& name, std::string_view extension) {
-    return name.size() > extension.size() &&
-           upperAscii(name.substr(name.size() - extension.size())) == extension;
-}
-
-// The files of a folder whose names end in extension (upper-cased), in listing order.
-std::vector<std::string> filesEndingIn(FileSystem& fs, const std::string& folder,
-                                       std::string_view extension) {
-    std::vector<std::string> names;
-    for (const DirEntry& entry : fs.listFolder(folder))
-        if (!entry.isFolder && endsWithNoCase(entry.name, extension)) names.push_back(entry.name);
-    return names;
-}
-
-// The lines of a file inside the MSTS folder; nothing when it can't be read or the name leads
-// out of the MSTS folder.
-std::optional<std::vector<Line>> linesOf(FileSystem& fs, const PathGlobals& paths,
-                                         const std::string& folder, const std::string& name) {
-    const std::optional<std::string> path = joinInside(paths.mstsPath, folder, name);
-    if (!path) return std::nullopt;
-    std::string bytes;
-    if (fs.readFileInto(*path, kRouteFileSizeLimit, bytes) != ReadOutcome::Read) return std::nullopt;
-    return std::move(textLines(bytes).lines);
-}
 
 // The first line holding word (upper-cased) at or after from; lines.size() when none does.
 std::size_t lineWith(const std::vector<Line>& lines, std::u16string_view word,
@@ -82,23 +52,10 @@ void critical(Services& services, const std::string& text) {
     services.dialogs.report(text, Icon::Stop);
 }
 
-const std::string kActivitiesFailed = "The folder \"ACTIVITIES\" does not exist or cannot be read from!";
-const std::string kServicesFailed = "The folder \"SERVICES\" does not exist or cannot be read from!";
-
-// The route file's display name: on its first line with "NAME", between the first "(" and
-// the first ")" after it, less a leading and a trailing quote.
-enum class RouteName { Found, NoLine, Malformed };
-RouteName routeNameOf(const std::vector<Line>& lines, std::string& name) {
-    const std::size_t at = lineWith(lines, u"NAME");
-    if (at == lines.size()) return RouteName::NoLine;
-    const Line& line = lines[at];
-    const std::size_t open = line.find(u'(');
-    const std::size_t close = open == Line::npos ? Line::npos : line.find(u')', open);
-    if (close == Line::npos) return RouteName::Malformed;
-    name = toUtf8(withoutEndQuotes(trimmedBlanks(
-        std::u16string_view(line).substr(open + 1, close - open - 1))));
-    return RouteName::Found;
-}
+const std::string kActivitiesFailed =
+    "The folder \"ACTIVITIES\" does not exist or cannot be read from!";
+const std::string kServicesFailed =
+    "The folder \"SERVICES\" does not exist or cannot be read from!";
 
 // Reading a selection stops at the first failure, which has been told (or is silent).
 struct SelectionStop {};
@@ -129,7 +86,8 @@ void ActivityReader::readActivity(const std::string& fileName) {
         if (upper.find(u"WAGONSLIST") != Line::npos) ++scan_.looseCount;
         const std::size_t open = line.find(u'(');
         const auto behindOpen = [&] {
-            return trimmedBlanks(std::u16string_view(line).substr(open == Line::npos ? 0 : open + 1));
+            return trimmedBlanks(
+                std::u16string_view(line).substr(open == Line::npos ? 0 : open + 1));
         };
         // An unquoted name ends at its first blank.
         const auto firstWord = [](Line text) {
@@ -307,8 +265,8 @@ bool selectRoute(const PathGlobals& paths, RouteTables& tables, ActivityScan& sc
         }
         for (const Line& line : *lines) {
             const Line upper = upperAscii(line);
-            const bool named = upper.find(u"NAME") != Line::npos ||
-                               upper.find(u"TRAIN_CONFIG") != Line::npos;
+            const bool named =
+                upper.find(u"NAME") != Line::npos || upper.find(u"TRAIN_CONFIG") != Line::npos;
             if (named && !inParentheses(line)) {
                 critical(services, "There has been an error with the file " + file);
                 return false;
@@ -336,7 +294,8 @@ void selectActivity(const PathGlobals& paths, const RouteTables& tables, Activit
 std::optional<std::string> getConsistName(const PathGlobals& paths, const std::string& line) {
     const std::size_t open = line.rfind('[');
     const std::size_t close = line.rfind(']');
-    if (open == std::string::npos || close == std::string::npos || close < open) return std::nullopt;
+    if (open == std::string::npos || close == std::string::npos || close < open)
+        return std::nullopt;
     const std::string name = line.substr(open + 1, close - open - 1);
     if (!isValidFileName(name)) return std::nullopt;
     return joinPath(paths.consistsPath, name);

@@ -2,11 +2,11 @@
 // names a unit by its file name and folder.
 #include "core/tester/loose_test.h"
 
+#include "core/msts/file_lookup.h"
 #include "core/msts/inside_path.h"
 #include "core/msts/text_lines.h"
 #include "core/platform/paths.h"
 #include "core/platform/text_utf.h"
-#include "core/tester/file_lookup.h"
 #include "core/tester/reports.h"
 
 namespace rakeyard {
@@ -107,11 +107,10 @@ bool LooseTest::testActivity(const std::string& line) {
 void LooseTest::unitLine(const std::string& line, bool engine, const ActivityEntry& activity) {
     const std::size_t p = line.find('(');
     const std::size_t q = p == std::string::npos ? std::string::npos
-                          : engine                ? line.rfind(')')
-                                                  : line.find(')', p);
+                          : engine               ? line.rfind(')')
+                                                 : line.find(')', p);
     if (q == std::string::npos || q < p) {
-        write("The activity file " + activity.fileName +
-                  " has missing parenthesis in the line \"" +
+        write("The activity file " + activity.fileName + " has missing parenthesis in the line \"" +
                   (engine ? "EngineData" : "WagonData") + "\".\r\n[SYNTAX ERROR]",
               static_cast<int>(ErrorCategory::Syntax));
         return;
@@ -135,8 +134,8 @@ bool testLooseConsists(const PathGlobals& paths, const RouteTables& tables, Acti
                        Services& services, const std::vector<std::string>& activityNames) {
     const std::string folder = reportsFolder(paths);
     if (scan.clearActReports) {
-        for (const char* name : {"ActMissing.txt", "ActSyntax.txt", "ActCritical.txt",
-                                 "ActSerious.txt"})
+        for (const char* name :
+             {"ActMissing.txt", "ActSyntax.txt", "ActCritical.txt", "ActSerious.txt"})
             (void)services.fs.removeFile(joinPath(folder, name));
         scan.clearActReports = false;
     }

@@ -7,7 +7,7 @@
 #include <string_view>
 
 #include "core/platform/text_utf.h"
-#include "core/tester/file_lookup.h"
+#include "core/msts/file_lookup.h"
 #include "core/tester/line_text.h"
 #include "core/tester/reports.h"
 #include "core/tester/unit_tests.h"

@@ -3,7 +3,7 @@
 #include <string>
 #include <string_view>
 
-#include "core/tester/file_lookup.h"
+#include "core/msts/file_lookup.h"
 #include "core/tester/test_state.h"
 
 namespace rakeyard {

@@ -157,6 +157,7 @@ private:
     void mnuPicture_Click();
     void mnuPreview_Click();
     void mnuConsUse_Click();
+    void mnuActsUse_Click();
     void mnuEditUnit_Click();
     // Opens the description window (free) following the list named, "locList" or "wagList".
     void showDescription(const QString& list);

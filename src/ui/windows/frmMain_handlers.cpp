@@ -86,6 +86,7 @@ void frmMain::connectMenus() {
     both(mnuPicture, nullptr, &frmMain::mnuPicture_Click);
     both(mnuPreview, nullptr, &frmMain::mnuPreview_Click);
     both(mnuConsUse, "dependencies", &frmMain::mnuConsUse_Click);
+    both(mnuActsUse, "activitydependencies", &frmMain::mnuActsUse_Click);
     both(mnuEditUnit, nullptr, &frmMain::mnuEditUnit_Click);
     connect(toolbarButton(this, "random"), &QAction::triggered, this, &frmMain::tbrRandom_Click);
     both(mnuSteam, nullptr, &frmMain::mnuSteam_Click);
@@ -111,9 +112,8 @@ void frmMain::connectMenus() {
 // so that no key reaches them), and so is a menu left with nothing in it; the guide marks them
 // as coming.
 void frmMain::enableBuiltEntries() {
-    std::vector<QAction*> notYet = {mnuEditFile, mnuLoose, mnuActsUse};
-    for (const char* key : {"activitydependencies", "loose"})
-        notYet.push_back(toolbarButton(this, key));
+    std::vector<QAction*> notYet = {mnuEditFile, mnuLoose};
+    notYet.push_back(toolbarButton(this, "loose"));
     for (QAction* entry : notYet) {
         entry->setEnabled(false);
         entry->setVisible(false);

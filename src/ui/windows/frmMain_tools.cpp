@@ -6,6 +6,7 @@
 #include "ui/widgets/unit_list_view.h"
 #include "ui/windows/frmBigOnes.h"
 #include "ui/windows/frmDep.h"
+#include "ui/windows/frmDep1.h"
 #include "ui/windows/frmDesc.h"
 #include "ui/windows/frmMain.h"
 #include "ui/windows/frmMaxVelocity.h"
@@ -115,6 +116,17 @@ void frmMain::mnuConsUse_Click() {
         if (!index) return;
         frmDep window(state_, services_, records[*index], isEngine, this);
         if (window.Form_Load()) window.exec();
+    });
+    refreshPics();
+}
+
+// The dependency tree of a route, blocking the main window; a consist loaded from it shows in
+// the editor at once, behind the window.
+void frmMain::mnuActsUse_Click() {
+    runGuarded(services_.dialogs, [&] {
+        frmDep1 window(state_, services_, this);
+        connect(&window, &frmDep1::consistLoaded, this, &frmMain::refreshPics);
+        window.exec();
     });
     refreshPics();
 }

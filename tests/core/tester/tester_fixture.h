@@ -9,7 +9,7 @@
 
 #include "core/app/app_state.h"
 #include "core/platform/paths.h"
-#include "core/tester/file_lookup.h"
+#include "core/msts/file_lookup.h"
 #include "core/tester/reports.h"
 #include "core/tester/test_run.h"
 #include "core/tester/unit_tests.h"

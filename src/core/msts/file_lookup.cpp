@@ -1,4 +1,4 @@
-#include "core/tester/file_lookup.h"
+#include "core/msts/file_lookup.h"
 
 #include <algorithm>
 #include <vector>

@@ -1,0 +1,17 @@
+SIMISA@@@@@@@@@@JINX0P0t______
+
+Serial ( 1 )
+TrackPDPs (
+	TrackPDP ( -6096 14903 40.0 18.5 220.0 1 1 )
+	TrackPDP ( -6098 14901 210.0 12.0 -150.0 1 1 )
+)
+TrackPath (
+	TrPathName ( "RY_Terminus_Junction" )
+	Name ( "Terminus to Junction" )
+	TrPathStart ( "Terminus" )
+	TrPathEnd ( "Junction" )
+	TrPathNodes ( 2
+		TrPathNode ( 00000000 1 4294967295 0 )
+		TrPathNode ( 00000000 4294967295 4294967295 1 )
+	)
+)
