@@ -21,14 +21,20 @@ CliRun scanOf(const std::string& msts, const std::string& home, std::vector<std:
 }
 
 // The route folder without a route file is not listed; two activities of one name are listed
-// twice and read together; a service's missing first consist leaves room for its second.
+// twice and read together; a service's missing first consist leaves room for its second; a
+// faulty service ends its route's pass.
 TEST(RouteCommands, TheSampleRouteItsActivitiesAndTheirConsists) {
     TempFolder folder;
     const std::string msts = copySamples(folder.path());
     const std::string home = folder / "home";
     const CliRun routes = scanOf(msts, home, {"routes"});
     EXPECT_EQ(routes.status, 0) << routes.err;
-    EXPECT_EQ(routes.out, "Rakeyard Valley Line\n");
+    EXPECT_EQ(routes.out, "Rakeyard Valley Line\nRakeyard Workshop Sidings\n");
+    // A service whose Name line was never closed ends the pass over that route's services.
+    const CliRun works = scanOf(msts, home, {"activities", "RY_Workshop"});
+    EXPECT_EQ(works.status, 1);
+    EXPECT_THAT(works.err,
+                HasSubstr("error: There has been an error with the file RY_Works_Broken.srv"));
 
     const CliRun activities = scanOf(msts, home, {"activities", "ry_valley"});
     EXPECT_EQ(activities.out, "Evening empties\nEvening empties\nMorning coal\n");
