@@ -318,12 +318,19 @@ WriteResult LocalFileSystem::writeFile(const std::string& path, std::string_view
 }
 
 bool LocalFileSystem::appendFile(const std::string& path, std::string_view bytes) {
-    const std::string target = resolve(path);
+    // A report appended to again is found as named, with no look at the folders on the way.
+    std::error_code ec;
+    const std::string exact = nativeSeparators(path);
+    const std::string target =
+        fs::is_regular_file(sys::fsPath(exact), ec) ? exact : resolve(path);
     std::FILE* file = sys::openFile(target, "ab");
     if (!file) return false;
+    // Only a file that was not there changes its folder's listing: reports get thousands of
+    // appends in a row.
+    const bool wasThere = std::fseek(file, 0, SEEK_END) == 0 && std::ftell(file) > 0;
     bool written = std::fwrite(bytes.data(), 1, bytes.size(), file) == bytes.size();
     written = std::fclose(file) == 0 && written;
-    forgetListing(folderOf(target));
+    if (!wasThere) forgetListing(folderOf(target));
     return written;
 }
 
