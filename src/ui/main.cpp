@@ -6,6 +6,8 @@
 #include <QPointer>
 #include <QStandardPaths>
 #include <QStringList>
+#include <string>
+#include <string_view>
 
 #include "core/app/start_up.h"
 #include "core/platform/local_file_system.h"
@@ -37,15 +39,25 @@ ProgramArguments splitArguments(QStringList arguments) {
     return result;
 }
 
+// The program's folder as "--home DIR" names it, read before Qt starts. Only the reading ahead
+// goes by it: start-up takes what was read only when it comes from the folder start-up reads.
+std::string earlyProgramFolder(int argc, char** argv) {
+    if (argc >= 3 && std::string_view(argv[1]) == "--home") return programFolder(argv[2]);
+    return programFolder(std::nullopt);
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
+    LocalFileSystem fs;
+    // The unit files are read on other threads while Qt starts and the windows are made.
+    UnitFilesReadAtStart readAhead(earlyProgramFolder(argc, argv), fs);
+
     QApplication app(argc, argv);
     QApplication::setApplicationName("Rakeyard");
     QApplication::setApplicationVersion(RAKEYARD_VERSION);
     const ProgramArguments arguments = splitArguments(QApplication::arguments());
 
-    LocalFileSystem fs;
     QtDesktop desktop;
     QtProgress progress;
     frmMain* mainWindow = nullptr;
@@ -74,7 +86,8 @@ int main(int argc, char** argv) {
     state->debugMode = commandLine.debugMode;
     if (state->debugMode) progress.showDebug(true);
 
-    const StartUpResult started = initProg(*state, services, window.startUpWindows());
+    const StartUpResult started =
+        initProg(*state, services, window.startUpWindows(), &readAhead);
     progress.detach();
     if (splash) splash->close();
     progress.showDebug(false);

@@ -1,6 +1,7 @@
 #include "core/app/start_up.h"
 
 #include <algorithm>
+#include <system_error>
 
 #include "core/consist/consist_model.h"
 #include "core/consist/save_offer.h"
@@ -98,11 +99,40 @@ void settleFilter(std::string SettingsRecord::*field, std::string& global,
 
 }  // namespace
 
-StartUpResult initProg(AppState& state, Services& services, StartUpWindows& windows) {
+UnitFilesReadAtStart::UnitFilesReadAtStart(const std::string& programFolder, FileSystem& fs) {
+    PathGlobals paths;
+    refreshPathGlobals(readSettings(fs, programFolder), paths);
+    if (isUnset(paths.trainsetPath)) return;
+    try {
+        reading_ = std::async(std::launch::async, [trainset = paths.trainsetPath, &fs] {
+            return readUnitFilesAhead(trainset, fs);
+        });
+    } catch (const std::system_error&) {
+        // No thread to spare: start-up reads the files itself.
+    }
+}
+
+UnitFilesReadAtStart::~UnitFilesReadAtStart() {
+    if (reading_.valid()) reading_.wait();
+}
+
+UnitFilesAhead* UnitFilesReadAtStart::take() {
+    if (!reading_.valid()) return nullptr;
+    try {
+        taken_ = reading_.get();
+    } catch (const std::exception&) {
+        return nullptr;  // memory ran out on the way: start-up reads the files itself
+    }
+    return &*taken_;
+}
+
+StartUpResult initProg(AppState& state, Services& services, StartUpWindows& windows,
+                       UnitFilesReadAtStart* readAhead) {
     if (!settleMstsFolder(state, services, windows)) return StartUpResult::Ended;
     settleEditorAndViewer(state, services, windows);
     prepareReports(state.paths, services.fs);
-    readUnitCatalogue(state.paths, state.catalogue, services, state.debugMode);
+    readUnitCatalogue(state.paths, state.catalogue, services, state.debugMode, 0,
+                      readAhead ? readAhead->take() : nullptr);
     if (!state.debugMode) services.progress.showDebug(false);
     settleFilter(&SettingsRecord::showLocoType, state.paths.engineFilter,
                  {"Steam", "Diesel", "Electric", "AI", "All"}, "engine", state, services);

@@ -1,8 +1,11 @@
 #pragma once
+#include <future>
+#include <optional>
 #include <string>
 #include <string_view>
 
 #include "core/app/app_state.h"
+#include "core/msts/catalogue_reader.h"
 #include "core/platform/services.h"
 
 namespace rakeyard {
@@ -31,11 +34,29 @@ CommandLine parseCommandLine(std::string_view commandLine);
 
 enum class StartUpResult { Ready, Ended };
 
+// The unit files read on other threads from the Trainset folder that settings.bin names, while
+// the window program makes its windows. Start-up takes them when it comes to the catalogues and
+// their folder is still the one to read; nothing is started when settings.bin names none.
+class UnitFilesReadAtStart {
+public:
+    UnitFilesReadAtStart(const std::string& programFolder, FileSystem& fs);
+    ~UnitFilesReadAtStart();  // waits for the reading, if it is still going
+    UnitFilesReadAtStart(const UnitFilesReadAtStart&) = delete;
+    UnitFilesReadAtStart& operator=(const UnitFilesReadAtStart&) = delete;
+    // Waits for the reading; nothing when none was started or it failed. Once only.
+    UnitFilesAhead* take();
+
+private:
+    std::future<UnitFilesAhead> reading_;
+    std::optional<UnitFilesAhead> taken_;
+};
+
 // Reads settings.bin from state.paths.programFolder, insists on a usable MSTS folder, asks for
 // the editor, viewer and screenshots folder when unset, prepares the Reports folder (the old
-// StartErrors.txt deleted), reads both catalogues and settles the two filters. Ended when the
-// user gave up at the MSTS path window.
-StartUpResult initProg(AppState& state, Services& services, StartUpWindows& windows);
+// StartErrors.txt deleted), reads both catalogues (taking the files read ahead, when given) and
+// settles the two filters. Ended when the user gave up at the MSTS path window.
+StartUpResult initProg(AppState& state, Services& services, StartUpWindows& windows,
+                       UnitFilesReadAtStart* readAhead = nullptr);
 
 // Window place stored at shutdown (twips, as the record keeps them).
 struct WindowPlace {

@@ -77,10 +77,11 @@ void offerToKeepStartErrors(const PathGlobals& paths, const UnitKind& kind, bool
 }
 
 // The unit files of one kind, or of both, listed once.
-std::vector<TrainsetFile> listUnitFiles(const PathGlobals& paths, Services& services,
-                                        const UnitKind& kind, bool bothKinds, unsigned workers) {
+std::vector<TrainsetFile> listUnitFiles(const std::string& trainsetPath, FileSystem& fs,
+                                        Progress& progress, const UnitKind& kind, bool bothKinds,
+                                        unsigned workers) {
     return listTrainsetFiles(
-        paths, services, kind.loadingLabel,
+        trainsetPath, fs, progress, kind.loadingLabel,
         [&](std::string_view name) {
             return hasExtension(name, kind.extension) ||
                    (bothKinds && hasExtension(name, kWagons.extension));
@@ -88,10 +89,38 @@ std::vector<TrainsetFile> listUnitFiles(const PathGlobals& paths, Services& serv
         workers);
 }
 
-// Reads the listed files of the kind into the records.
+// Both kinds' files from one listing, engines and wagons apart, each in listing order.
+void listBothKinds(const std::string& trainsetPath, FileSystem& fs, Progress& progress,
+                   unsigned workers, std::vector<TrainsetFile>& engines,
+                   std::vector<TrainsetFile>& wagons) {
+    for (TrainsetFile& file : listUnitFiles(trainsetPath, fs, progress, kEngines, true, workers))
+        (hasExtension(file.file, kEngines.extension) ? engines : wagons).push_back(std::move(file));
+}
+
+// One listed file read and worked on, nothing stored yet.
+UnitFileResult readListedFile(const UnitKind& kind, const TrainsetFile& entry, FileSystem& fs,
+                              bool debugMode, WorkerBuffers& buffers) {
+    if (kind.skipsDefaultWagon && upperAscii(entry.file) == "DEFAULT.WAG") return {};
+    try {
+        const ReadOutcome read =
+            fs.readFileInto(joinPath(entry.folder, entry.file), kUnitFileSizeLimit, buffers.bytes);
+        if (read == ReadOutcome::TooLarge) return tooLargeUnitFile(entry.file, entry.folder);
+        const std::optional<std::string_view> bytes =
+            read == ReadOutcome::Read ? std::optional<std::string_view>(buffers.bytes)
+                                      : std::nullopt;
+        return kind.readFile(bytes, entry.file, entry.folder, debugMode, buffers.text);
+    } catch (const std::exception&) {
+        // Memory ran out for this file: it is refused like an unreadable one, and the reading
+        // goes on.
+        return kind.readFile(std::nullopt, entry.file, entry.folder, debugMode, buffers.text);
+    }
+}
+
+// Reads the listed files of the kind into the records, or takes them as read ahead.
 void readUnitFiles(const UnitKind& kind, const std::vector<TrainsetFile>& listing,
                    const PathGlobals& paths, std::span<UnitRecord> records, std::size_t& count,
-                   Services& services, bool debugMode, unsigned workers) {
+                   Services& services, bool debugMode, unsigned workers,
+                   std::vector<UnitFileResult>* readAhead = nullptr) {
     for (UnitRecord& record : records)
         record = UnitRecord{};
     count = 0;
@@ -106,24 +135,6 @@ void readUnitFiles(const UnitKind& kind, const std::vector<TrainsetFile>& listin
     if (listing.empty()) return;
 
     services.progress.start(kind.retrievingLabel, static_cast<int>(listing.size()));
-    const auto readOne = [&](std::size_t i, WorkerBuffers& buffers) {
-        const TrainsetFile& entry = listing[i];
-        if (kind.skipsDefaultWagon && upperAscii(entry.file) == "DEFAULT.WAG")
-            return UnitFileResult{};
-        try {
-            const ReadOutcome read = services.fs.readFileInto(joinPath(entry.folder, entry.file),
-                                                              kUnitFileSizeLimit, buffers.bytes);
-            if (read == ReadOutcome::TooLarge) return tooLargeUnitFile(entry.file, entry.folder);
-            const std::optional<std::string_view> bytes =
-                read == ReadOutcome::Read ? std::optional<std::string_view>(buffers.bytes)
-                                          : std::nullopt;
-            return kind.readFile(bytes, entry.file, entry.folder, debugMode, buffers.text);
-        } catch (const std::exception&) {
-            // Memory ran out for this file: it is refused like an unreadable one, and the
-            // reading goes on.
-            return kind.readFile(std::nullopt, entry.file, entry.folder, debugMode, buffers.text);
-        }
-    };
     bool errorsFound = false;
     bool reportWhole = true;
     std::size_t next = 0;
@@ -143,9 +154,33 @@ void readUnitFiles(const UnitKind& kind, const std::vector<TrainsetFile>& listin
         if (result.recordBegun) records[next] = std::move(result.record);
         if (result.accepted) ++next;
     };
-    forEachInOrder<UnitFileResult, WorkerBuffers>(listing.size(), workers, readOne, store);
+    if (readAhead && readAhead->size() == listing.size()) {
+        for (std::size_t i = 0; i < listing.size(); ++i)
+            store(i, (*readAhead)[i]);
+    } else {
+        forEachInOrder<UnitFileResult, WorkerBuffers>(
+            listing.size(), workers,
+            [&](std::size_t i, WorkerBuffers& buffers) {
+                return readListedFile(kind, listing[i], services.fs, debugMode, buffers);
+            },
+            store);
+    }
     count = next;
     if (errorsFound) offerToKeepStartErrors(paths, kind, reportWhole, services);
+}
+
+// The results of the listed files, in order.
+std::vector<UnitFileResult> readAll(const UnitKind& kind, const std::vector<TrainsetFile>& listing,
+                                    FileSystem& fs, unsigned workers) {
+    std::vector<UnitFileResult> results;
+    results.reserve(listing.size());
+    forEachInOrder<UnitFileResult, WorkerBuffers>(
+        listing.size(), workers,
+        [&](std::size_t i, WorkerBuffers& buffers) {
+            return readListedFile(kind, listing[i], fs, false, buffers);
+        },
+        [&](std::size_t, UnitFileResult& result) { results.push_back(std::move(result)); });
+    return results;
 }
 
 }  // namespace
@@ -161,28 +196,47 @@ bool logStartError(FileSystem& fs, const PathGlobals& paths, std::string_view te
 void readEngineFiles(const PathGlobals& paths, UnitCatalogue& catalogue, Services& services,
                      bool debugMode, unsigned workerThreads) {
     const unsigned workers = workerThreads == 0 ? defaultWorkerCount() : workerThreads;
-    readUnitFiles(kEngines, listUnitFiles(paths, services, kEngines, false, workers), paths,
-                  catalogue.engines, catalogue.engineCount, services, debugMode, workers);
+    readUnitFiles(kEngines,
+                  listUnitFiles(paths.trainsetPath, services.fs, services.progress, kEngines,
+                                false, workers),
+                  paths, catalogue.engines, catalogue.engineCount, services, debugMode, workers);
 }
 
 void readWagonFiles(const PathGlobals& paths, UnitCatalogue& catalogue, Services& services,
                     bool debugMode, unsigned workerThreads) {
     const unsigned workers = workerThreads == 0 ? defaultWorkerCount() : workerThreads;
-    readUnitFiles(kWagons, listUnitFiles(paths, services, kWagons, false, workers), paths,
-                  catalogue.wagons, catalogue.wagonCount, services, debugMode, workers);
+    readUnitFiles(kWagons,
+                  listUnitFiles(paths.trainsetPath, services.fs, services.progress, kWagons,
+                                false, workers),
+                  paths, catalogue.wagons, catalogue.wagonCount, services, debugMode, workers);
+}
+
+UnitFilesAhead readUnitFilesAhead(const std::string& trainsetPath, FileSystem& fs,
+                                  unsigned workerThreads) {
+    const unsigned workers = workerThreads == 0 ? defaultWorkerCount() : workerThreads;
+    NoProgress quiet;
+    UnitFilesAhead ahead;
+    ahead.trainsetPath = trainsetPath;
+    listBothKinds(trainsetPath, fs, quiet, workers, ahead.engines, ahead.wagons);
+    ahead.engineResults = readAll(kEngines, ahead.engines, fs, workers);
+    ahead.wagonResults = readAll(kWagons, ahead.wagons, fs, workers);
+    return ahead;
 }
 
 void readUnitCatalogue(const PathGlobals& paths, UnitCatalogue& catalogue, Services& services,
-                       bool debugMode, unsigned workerThreads) {
+                       bool debugMode, unsigned workerThreads, UnitFilesAhead* ahead) {
     const unsigned workers = workerThreads == 0 ? defaultWorkerCount() : workerThreads;
-    std::vector<TrainsetFile> engines;
-    std::vector<TrainsetFile> wagons;
-    for (TrainsetFile& file : listUnitFiles(paths, services, kEngines, true, workers))
-        (hasExtension(file.file, kEngines.extension) ? engines : wagons).push_back(std::move(file));
-    readUnitFiles(kEngines, engines, paths, catalogue.engines, catalogue.engineCount, services,
-                  debugMode, workers);
-    readUnitFiles(kWagons, wagons, paths, catalogue.wagons, catalogue.wagonCount, services,
-                  debugMode, workers);
+    if (ahead && (debugMode || ahead->trainsetPath != paths.trainsetPath)) ahead = nullptr;
+    UnitFilesAhead listed;
+    if (!ahead) {
+        listBothKinds(paths.trainsetPath, services.fs, services.progress, workers, listed.engines,
+                      listed.wagons);
+    }
+    UnitFilesAhead& files = ahead ? *ahead : listed;
+    readUnitFiles(kEngines, files.engines, paths, catalogue.engines, catalogue.engineCount,
+                  services, debugMode, workers, ahead ? &ahead->engineResults : nullptr);
+    readUnitFiles(kWagons, files.wagons, paths, catalogue.wagons, catalogue.wagonCount, services,
+                  debugMode, workers, ahead ? &ahead->wagonResults : nullptr);
 }
 
 }  // namespace rakeyard

@@ -1,7 +1,10 @@
 #pragma once
 #include <string>
 #include <string_view>
+#include <vector>
 
+#include "core/msts/trainset_files.h"
+#include "core/msts/unit_file.h"
 #include "core/msts/unit_record.h"
 #include "core/platform/services.h"
 #include "core/settings/settings_record.h"
@@ -32,9 +35,22 @@ void readEngineFiles(const PathGlobals& paths, UnitCatalogue& catalogue, Service
 void readWagonFiles(const PathGlobals& paths, UnitCatalogue& catalogue, Services& services,
                     bool debugMode, unsigned workerThreads = 0);
 
+// Both catalogues' files listed, read and worked on, with nothing stored, logged, shown or
+// asked: start-up does this on other threads while its windows are being made.
+struct UnitFilesAhead {
+    std::string trainsetPath;  // as it was given
+    std::vector<TrainsetFile> engines, wagons;
+    std::vector<UnitFileResult> engineResults, wagonResults;  // a result a file, in order
+};
+[[nodiscard]] UnitFilesAhead readUnitFilesAhead(const std::string& trainsetPath, FileSystem& fs,
+                                                unsigned workerThreads = 0);
+
 // Both catalogues, as readEngineFiles and then readWagonFiles fill them, from one listing of
-// the Trainset folders: what start-up reads.
+// the Trainset folders: what start-up reads. Files read ahead from the same Trainset path are
+// taken instead of being read again (not in debug mode, whose window shows each file's passes);
+// the findings are logged and the questions asked all the same, in the same order.
 void readUnitCatalogue(const PathGlobals& paths, UnitCatalogue& catalogue, Services& services,
-                       bool debugMode, unsigned workerThreads = 0);
+                       bool debugMode, unsigned workerThreads = 0,
+                       UnitFilesAhead* ahead = nullptr);
 
 }  // namespace rakeyard

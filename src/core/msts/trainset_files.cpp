@@ -15,17 +15,25 @@ std::vector<TrainsetFile> listTrainsetFiles(const PathGlobals& paths, Services& 
                                             std::string_view label,
                                             const std::function<bool(std::string_view)>& wanted,
                                             unsigned workers) {
-    const std::string trainset = services.fs.resolve(paths.trainsetPath);
+    return listTrainsetFiles(paths.trainsetPath, services.fs, services.progress, label, wanted,
+                             workers);
+}
+
+std::vector<TrainsetFile> listTrainsetFiles(const std::string& trainsetPath, FileSystem& fs,
+                                            Progress& progress, std::string_view label,
+                                            const std::function<bool(std::string_view)>& wanted,
+                                            unsigned workers) {
+    const std::string trainset = fs.resolve(trainsetPath);
     std::vector<std::string> folders;
-    for (const DirEntry& entry : services.fs.listFolder(trainset)) {
+    for (const DirEntry& entry : fs.listFolder(trainset)) {
         if (entry.isFolder) folders.push_back(joinPath(trainset, entry.name));
     }
-    services.progress.start(label, static_cast<int>(folders.size()));
+    progress.start(label, static_cast<int>(folders.size()));
     std::vector<TrainsetFile> files;
     forEachInOrder<std::vector<DirEntry>>(
-        folders.size(), workers, [&](std::size_t i) { return services.fs.listFolder(folders[i]); },
+        folders.size(), workers, [&](std::size_t i) { return fs.listFolder(folders[i]); },
         [&](std::size_t i, const std::vector<DirEntry>& entries) {
-            services.progress.step();
+            progress.step();
             for (const DirEntry& entry : entries) {
                 if (!entry.isFolder && !entry.name.empty() && wanted(entry.name))
                     files.push_back({entry.name, folders[i]});

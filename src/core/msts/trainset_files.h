@@ -22,6 +22,10 @@ struct TrainsetFile {
 [[nodiscard]] std::vector<TrainsetFile> listTrainsetFiles(
     const PathGlobals& paths, Services& services, std::string_view label,
     const std::function<bool(std::string_view name)>& wanted, unsigned workers = 1);
+// The same for a Trainset folder given by its path.
+[[nodiscard]] std::vector<TrainsetFile> listTrainsetFiles(
+    const std::string& trainsetPath, FileSystem& fs, Progress& progress, std::string_view label,
+    const std::function<bool(std::string_view name)>& wanted, unsigned workers = 1);
 
 // True when the name ends in the extension (".ENG"), whatever the letter case.
 [[nodiscard]] bool hasExtension(std::string_view name, std::string_view upperExtension);

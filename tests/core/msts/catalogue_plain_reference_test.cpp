@@ -26,6 +26,7 @@ struct LoadOutcome {
     std::vector<std::string> records;
     std::vector<std::string> lines;
     std::string startErrors;
+    std::vector<std::string> told;  // the messages and questions, in order
 };
 
 std::string fieldsOf(const UnitRecord& r) {
@@ -52,13 +53,19 @@ protected:
         fake.dialogs.defaultAnswer = Answer::Ok;  // keep StartErrors.txt
     }
 
-    // The load as start-up runs it, on every core.
-    LoadOutcome load(const std::string& msts) {
+    // The load as start-up runs it, on every core; with readAhead, from the files read before
+    // as the window program reads them while it makes its windows.
+    LoadOutcome load(const std::string& msts, bool readAhead = false) {
         paths.trainsetPath = msts + "/TRAINS/TRAINSET";
         (void)fake.fs.removeFile(startErrorsFile(paths));
+        fake.dialogs.shown.clear();
         auto catalogue = std::make_unique<UnitCatalogue>();
-        readUnitCatalogue(paths, *catalogue, fake.services, false);
+        UnitFilesAhead ahead;
+        if (readAhead) ahead = readUnitFilesAhead(paths.trainsetPath, fake.fs);
+        readUnitCatalogue(paths, *catalogue, fake.services, false, 0,
+                          readAhead ? &ahead : nullptr);
         LoadOutcome outcome;
+        outcome.told = fake.dialogs.texts();
         addRecords(usedRecords(*catalogue, UnitClass::Engine), true, outcome);
         addRecords(usedRecords(*catalogue, UnitClass::Wagon), false, outcome);
         outcome.startErrors = test::readWholeFile(startErrorsFile(paths));
@@ -102,6 +109,11 @@ protected:
         expectSameLines(quick.records, plain.records, "record");
         expectSameLines(quick.lines, plain.lines, "list line");
         EXPECT_EQ(quick.startErrors, plain.startErrors);
+        const LoadOutcome ahead = load(msts, true);
+        EXPECT_EQ(ahead.records, quick.records);
+        EXPECT_EQ(ahead.lines, quick.lines);
+        EXPECT_EQ(ahead.startErrors, quick.startErrors);
+        EXPECT_EQ(ahead.told, quick.told);
     }
 
     // Tells the first line that differs rather than all of them.
@@ -122,6 +134,28 @@ protected:
 
 TEST_F(CatalogueAgainstPlainTextWork, SameOnTheSampleInstallation) {
     expectSameAsPlain(std::string(RAKEYARD_SOURCE_DIR) + "/samples/msts");
+}
+
+// Files read ahead stand in for the listing and reading only where they came from the folder
+// to read, and not in debug mode, whose window shows each file's passes.
+TEST_F(CatalogueAgainstPlainTextWork, FilesReadAheadAreTakenOnlyFromTheFolderToRead) {
+    const std::string sample = std::string(RAKEYARD_SOURCE_DIR) + "/samples/msts/TRAINS/TRAINSET";
+    const auto loadFrom = [&](const std::string& trainset, bool debugMode) {
+        UnitFilesAhead ahead = readUnitFilesAhead(sample, fake.fs);
+        paths.trainsetPath = trainset;
+        fake.progress.labels.clear();
+        auto catalogue = std::make_unique<UnitCatalogue>();
+        readUnitCatalogue(paths, *catalogue, fake.services, debugMode, 0, &ahead);
+        const bool listed = std::count(fake.progress.labels.begin(), fake.progress.labels.end(),
+                                       "Loading engine files...") > 0;
+        return std::make_pair(catalogue->engineCount, listed);
+    };
+    const auto [taken, listedAgain] = loadFrom(sample, false);
+    EXPECT_GT(taken, 0u);
+    EXPECT_FALSE(listedAgain);
+    EXPECT_EQ(loadFrom(sample, true), std::make_pair(taken, true));
+    std::filesystem::create_directories(home / "other/TRAINS/TRAINSET");
+    EXPECT_EQ(loadFrom(home / "other/TRAINS/TRAINSET", false), std::make_pair(std::size_t{0}, true));
 }
 
 TEST_F(CatalogueAgainstPlainTextWork, SameOnRealContent) {
