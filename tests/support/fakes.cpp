@@ -2,6 +2,7 @@
 
 #include <filesystem>
 #include <system_error>
+#include <thread>
 
 #include "core/platform/paths.h"
 
@@ -72,6 +73,7 @@ std::optional<std::string> FailingFileSystem::writeChunk(std::FILE* file, std::u
 
 ReadOutcome FailingFileSystem::readFileInto(const std::string& path, std::uintmax_t limit,
                                             std::string& bytes) {
+    if (readDelay.count() > 0) std::this_thread::sleep_for(readDelay);
     const std::string name = lastPathPart(path);
     for (const std::string& unreadable : unreadableNames) {
         if (name == unreadable) {

@@ -1,4 +1,5 @@
 #pragma once
+#include <chrono>
 #include <deque>
 #include <functional>
 #include <optional>
@@ -66,6 +67,9 @@ class FailingFileSystem : public LocalFileSystem {
 public:
     std::optional<std::size_t> failAfterBytes;
     std::vector<std::string> unreadableNames;
+    // Each read waits this long first, as a slow disk would: a test of a run that must still
+    // be going when a button is pressed does not hang on the machine's speed.
+    std::chrono::milliseconds readDelay{0};
     ReadOutcome readFileInto(const std::string& path, std::uintmax_t limit,
                              std::string& bytes) override;
 

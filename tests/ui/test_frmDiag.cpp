@@ -115,6 +115,7 @@ void TesterWindowTest::stopEndsTheWalkAfterTheUnitUnderTest() {
     TesterWindow t;
     for (int i = 0; i < 200; ++i)
         t.addEngine("F" + std::to_string(i), "unit" + std::to_string(i), true, 400);
+    t.fake.fs.readDelay = std::chrono::milliseconds(2);  // the run lasts some 200 ms at least
     ui::frmDiag window(*t.state, t.fake.services);
     window.show();
     QTest::mouseClick(window.Command1[0], Qt::LeftButton);
