@@ -31,7 +31,7 @@ TEST(RouteCommands, TheSampleRouteItsActivitiesAndTheirConsists) {
     EXPECT_EQ(routes.out, "Rakeyard Valley Line\n");
 
     const CliRun activities = scanOf(msts, home, {"activities", "ry_valley"});
-    EXPECT_EQ(activities.out, "Evening empties\nEvening empties\nMorning coal\n");
+    EXPECT_EQ(activities.out, "Evening empties\nEvening empties\nYard shunt\nMorning coal\n");
 
     const CliRun evening =
         scanOf(msts, home, {"--json", "activities", "Rakeyard Valley Line", "Evening empties"});
