@@ -427,6 +427,39 @@ TEST_F(LooseEditing, AnOddLastByteAndTheMarkSurviveAReplace) {
     EXPECT_EQ(differingLines(odd, after).size(), 1u);
 }
 
+TEST_F(LooseEditing, CharactersBeyondLatinAndLoneSurrogatesSurviveAReplace) {
+    std::string bytes16 =
+        readWholeFile(act(activityOf(looseConsist({"W W124 Stock", "W W127 Stock"}), "\"Č\"")));
+    // A lone high surrogate in the consist's name line, and a letter whose low byte is 0D.
+    const std::string name = utf16Bytes("Loose consist.");
+    const std::string odd = name + std::string("\x00\xD8", 2) + utf16Bytes(" \xC4\x8D");
+    bytes16.replace(bytes16.find(name), name.size(), odd);
+    msts.writeBytes("ROUTES/R/ACTIVITIES/A.act", bytes16);
+    ASSERT_TRUE(open());
+    EXPECT_EQ(editor.activityLines[0], "A.act --> \"Č\"");
+    ASSERT_TRUE(replace("C1_2", "W126.wag"));
+    const std::string after = bytes();
+    EXPECT_EQ(differingLines(bytes16, after).size(), 1u);
+    EXPECT_NE(after.find(odd), std::string::npos);
+}
+
+TEST_F(LooseEditing, TenThousandConsistsWithoutDirectionOpenAndReplaceInLinearTime) {
+    std::string consists = "\t\tName ( \"Loose consist.\" )\n";
+    for (int i = 0; i < 10000; ++i)
+        consists += "\t\tTrain_Config (\n\t\t\tWagonData ( W124 Stock )\n";
+    act(activityOf(consists));
+    ASSERT_TRUE(open());
+    EXPECT_EQ(editor.nodes.size(), 1u + 2 * 10000);
+    EXPECT_EQ(state->looseUnits.count, LooseUnitTable::kRows);
+    ASSERT_TRUE(replace("C1999_1", "W126.wag"));
+    EXPECT_THAT(msts.read("home/LOOSE CONSIST 1999.old.lse"), HasSubstr("W126 Stock"));
+    // Past the rows the table holds: refused, nothing written.
+    const std::string before = bytes();
+    EXPECT_FALSE(replace("C2001_1", "W126.wag"));
+    EXPECT_THAT(fake.dialogs.texts().back(), HasSubstr("past the last of the 2000 units"));
+    EXPECT_EQ(bytes(), before);
+}
+
 TEST_F(LooseEditing, WorkFilesAreNotDeletedInsideTheMstsFolder) {
     act(activityOf(looseConsist({"W W124 Stock"})));
     state->paths.programFolder = msts.msts() + "/ROUTES/R/ACTIVITIES";
