@@ -62,7 +62,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     fuzz::QuietServices quiet;
     const std::string bytes(reinterpret_cast<const char*>(data), size);
     const std::string act = "/msts/Routes/R/ACTIVITIES/a.act";
-    quiet.tree.files["/msts/Routes/R/R.trk"] = "Name ( R )\r\n";
+    // Route files are looked up upper-cased, and the memory tree minds the case.
+    quiet.tree.files["/msts/Routes/R/R.TRK"] = "Name ( R )\r\n";
     quiet.tree.files[act] = bytes;
     LooseEditor editor;
     LooseContext context{state->paths, state->routes, state->catalogue, state->looseUnits,

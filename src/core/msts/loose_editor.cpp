@@ -189,8 +189,12 @@ void showLooseConsist(LooseContext& context, LooseEditor& editor, const std::str
         if (page != std::end(kPageStarts))
             editor.pagesShown = static_cast<int>(page - std::begin(kPageStarts)) + 2;
         if (position >= 1 && position <= LooseEditor::kBoxes) {
+            // A unit the catalogue lacks has no folder to look in: " " would name a path
+            // relative to wherever the program runs.
+            const bool listed = row->folderPath != " ";
             const std::string picture = joinPath(row->folderPath, row->pictureFile);
-            const std::optional<std::uintmax_t> size = context.services.fs.fileSize(picture);
+            const std::optional<std::uintmax_t> size =
+                listed ? context.services.fs.fileSize(picture) : std::nullopt;
             editor.pictures[position - 1] = size && *size > 0
                                                 ? LoosePicture{LoosePicture::Shows::File, picture}
                                                 : LoosePicture{LoosePicture::Shows::FirstImage, {}};
@@ -203,6 +207,7 @@ void showLooseConsist(LooseContext& context, LooseEditor& editor, const std::str
 void selectLooseNode(LooseContext& context, LooseEditor& editor, std::size_t node) {
     if (node >= editor.nodes.size()) return;
     editor.selected = node;
+    editor.pictures.fill({});
     editor.borderedBox = 0;
     if (node == 0) return;
     const LooseNode& chosen = editor.nodes[node];

@@ -110,8 +110,8 @@ bool openLooseActivity(LooseContext& context, LooseEditor& editor, const std::st
 // lblFeet.
 void showLooseConsist(LooseContext& context, LooseEditor& editor, const std::string& groupName);
 
-// A click on a node: its consist shown; for a unit, unitToReplace, the box with a border, its
-// page and its display name in the status bar.
+// A click on a node: the boxes emptied, then its consist shown; for a unit, unitToReplace, the
+// box with a border, its page and its display name in the status bar.
 void selectLooseNode(LooseContext& context, LooseEditor& editor, std::size_t node);
 
 // lblLenght set, and lblFeet from it.

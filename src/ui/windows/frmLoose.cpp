@@ -325,6 +325,8 @@ void frmLoose::Combo1_Click() {
     ListView1->clear();
     model_->clear();
     items_.clear();
+    editor_.nodes.clear();  // with the tree gone, Replace and Cancel have nothing to work on
+    editor_.selected = LooseEditor::kNoNode;
     runGuarded(services_.dialogs, [&] {
         SearchActsForLoose(context_, editor_, stdString(Combo1->currentText()));
         for (const std::string& line : editor_.activityLines)
