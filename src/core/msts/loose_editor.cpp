@@ -31,6 +31,18 @@ std::unordered_map<std::string, std::size_t> firstByFileName(std::span<const Uni
     return first;
 }
 
+// Whether name is "LOOSE CONSIST n.old.lse" for an n from 1 to count.
+bool isOldWorkFile(std::string_view name, std::size_t count) {
+    constexpr std::string_view head = "LOOSE CONSIST ", tail = ".old.lse";
+    if (!name.starts_with(head) || !name.ends_with(tail)) return false;
+    const std::string_view number =
+        name.substr(head.size(), name.size() - head.size() - tail.size());
+    if (number.empty() || number.size() > 9 || number.front() == '0' ||
+        number.find_first_not_of("0123456789") != std::string_view::npos)
+        return false;
+    return std::stoul(std::string(number)) <= count;
+}
+
 void clearStrip(LooseEditor& editor) {
     editor.pictures.fill({});
     editor.pagesShown = 1;
@@ -112,10 +124,12 @@ bool openLooseActivity(LooseContext& context, LooseEditor& editor, const std::st
     editor.activity = {};
     editor.activitySize = 0;
     clearStrip(editor);
-    removeLooseWorkFiles(context);
 
     const std::size_t arrow = line.find("-->");
-    if (arrow == std::string::npos || arrow < 1) return false;
+    if (arrow == std::string::npos || arrow < 1) {
+        removeLooseWorkFiles(context);
+        return false;
+    }
     editor.activityLine = line;
     editor.activityFile = line.substr(0, arrow - 1);
     editor.activityPath = joinPath(editor.activitiesFolder, editor.activityFile);
@@ -125,25 +139,34 @@ bool openLooseActivity(LooseContext& context, LooseEditor& editor, const std::st
     if (!isValidFileName(editor.activityFile) ||
         !readInside(fs, paths.mstsPath, editor.activitiesFolder, editor.activityFile,
                     kRouteFileSizeLimit, bytes) ||
-        bytes.empty())
+        bytes.empty()) {
+        removeLooseWorkFiles(context);
         return false;
+    }
+    editor.activity = decodeActivity(bytes);
+    const std::vector<LooseBlock> blocks = looseBlocks(editor.activity.text);
+    // The files written again below are kept: deleting and making anew thousands of files
+    // costs the file system far more than writing over them.
+    removeLooseWorkFiles(context, [&](std::string_view name) {
+        return name == editor.activityFile || isOldWorkFile(name, blocks.size());
+    });
     editor.nowEditing = "Now editing:    " + line.substr(arrow);
     // The copy Cancel restores from; without it no change could be taken back.
     const WriteResult copied =
         fs.writeFile(joinPath(paths.programFolder, editor.activityFile), bytes);
     if (!copied) {
         context.services.dialogs.report(copied.message, Icon::Stop);
+        removeLooseWorkFiles(context);
         return false;
     }
     editor.activitySize = bytes.size();
-    editor.activity = decodeActivity(bytes);
 
     const auto engines = firstByFileName(usedRecords(context.catalogue, UnitClass::Engine));
     const auto wagons = firstByFileName(usedRecords(context.catalogue, UnitClass::Wagon));
     const std::u16string& text = editor.activity.text;
     std::size_t n = 0;
     std::vector<FileSystem::NamedBytes> workFiles;
-    for (const LooseBlock& block : looseBlocks(text)) {
+    for (const LooseBlock& block : blocks) {
         ++n;
         editor.nodes.push_back({"A" + std::to_string(n), groupNameOf(n), 0, LooseImage::Consist});
         const std::u16string_view header(text.data() + block.begin, block.end - block.begin);
@@ -245,8 +268,9 @@ bool looseKeyNumbers(const std::string& key, std::size_t& n, std::size_t& k) {
     return n > 0 && k > 0;
 }
 
-void removeLooseWorkFiles(LooseContext& context) {
-    if (removeWorkFiles(context.paths, context.services.fs, {".lse", ".act"})) return;
+void removeLooseWorkFiles(LooseContext& context,
+                          const std::function<bool(std::string_view)>& keep) {
+    if (removeWorkFiles(context.paths, context.services.fs, {".lse", ".act"}, keep)) return;
     if (context.paths.programFolder.empty()) return;
     context.services.dialogs.report(
         "The program's folder " + context.services.fs.resolve(context.paths.programFolder) +

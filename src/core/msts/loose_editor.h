@@ -5,6 +5,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -121,9 +122,10 @@ void setLooseLength(LooseEditor& editor, double metres);
 [[nodiscard]] bool looseKeyNumbers(const std::string& key, std::size_t& n, std::size_t& k);
 
 // The window closed, or another activity opened: "*.old.lse", "*.lse" and "*.act" of the
-// program's folder removed, refused with a message when that folder is the MSTS folder or lies
-// inside it.
-void removeLooseWorkFiles(LooseContext& context);
+// program's folder removed (but those keep names, which are about to be written again),
+// refused with a message when that folder is the MSTS folder or lies inside it.
+void removeLooseWorkFiles(LooseContext& context,
+                          const std::function<bool(std::string_view)>& keep = {});
 
 // The name of consist n's work file in the program's folder: "LOOSE CONSIST n.old.lse" or,
 // while a replace is written, "LOOSE CONSIST n.lse".

@@ -318,7 +318,7 @@ WriteResult LocalFileSystem::writeFile(const std::string& path, std::string_view
 }
 
 bool LocalFileSystem::appendFile(const std::string& path, std::string_view bytes) {
-    const std::string target = existingPath(path);
+    const std::string target = resolve(path);
     std::FILE* file = sys::openFile(target, "ab");
     if (!file) return false;
     bool written = std::fwrite(bytes.data(), 1, bytes.size(), file) == bytes.size();

@@ -21,10 +21,11 @@ bool programFolderIsOwn(const PathGlobals& paths, FileSystem& fs) {
 }
 
 bool removeWorkFiles(const PathGlobals& paths, FileSystem& fs,
-                     std::initializer_list<std::string_view> endings) {
+                     std::initializer_list<std::string_view> endings,
+                     const std::function<bool(std::string_view)>& keep) {
     if (!programFolderIsOwn(paths, fs)) return false;
     for (const DirEntry& entry : fs.listFolder(paths.programFolder)) {
-        if (entry.isFolder) continue;
+        if (entry.isFolder || (keep && keep(entry.name))) continue;
         const std::string upper = upperAscii(entry.name);
         for (std::string_view ending : endings) {
             if (upper.size() > ending.size() && upper.ends_with(upperAscii(ending))) {
