@@ -35,6 +35,7 @@ namespace rakeyard::ui {
 namespace {
 
 constexpr int kNodeRole = Qt::UserRole + 1;
+constexpr int kImageRole = Qt::UserRole + 2;  // the picture an item shows, as a LooseImage
 constexpr QSize kBox(120, 72);
 
 // Drops every key press of the control it watches: the route is chosen with the mouse only.
@@ -353,6 +354,7 @@ void frmLoose::showTree() {
         const LooseNode& node = editor_.nodes[i];
         auto* item = new QStandardItem(looseIcon(node.image), qs(node.text));
         item->setData(static_cast<qulonglong>(i), kNodeRole);
+        item->setData(static_cast<int>(node.image), kImageRole);
         items_[i] = item;
         if (i == 0) {
             model_->appendRow(item);
@@ -393,9 +395,9 @@ void frmLoose::showEditor() {
     for (std::size_t i = 0; i < items_.size() && i < editor_.nodes.size(); ++i) {
         const LooseNode& node = editor_.nodes[i];
         if (items_[i]->text() != qs(node.text)) items_[i]->setText(qs(node.text));
-        if (items_[i]->data(Qt::UserRole + 2).toInt() != static_cast<int>(node.image)) {
+        if (items_[i]->data(kImageRole).toInt() != static_cast<int>(node.image)) {
             items_[i]->setIcon(looseIcon(node.image));
-            items_[i]->setData(static_cast<int>(node.image), Qt::UserRole + 2);
+            items_[i]->setData(static_cast<int>(node.image), kImageRole);
         }
     }
 }
