@@ -16,21 +16,6 @@
 namespace rakeyard::cli {
 namespace {
 
-// The route a ROUTE operand names: its display name as listed, or its folder in any case.
-const RouteEntry* findRoute(const RouteTables& tables, const std::string& given) {
-    for (const RouteEntry& route : tables.routes)
-        if (!route.routeName.empty() && route.routeName == given) return &route;
-    const std::string folder = upperAscii(given);
-    for (const RouteEntry& route : tables.routes) {
-        if (route.routeName.empty()) continue;
-        const std::size_t cut = route.folder.find_last_of("/\\");
-        if (upperAscii(route.folder.substr(cut + 1)) == folder ||
-            upperAscii(route.folder) == folder)
-            return &route;
-    }
-    return nullptr;
-}
-
 // The activity an ACTIVITY operand names: its name as listed, or its file with or without
 // ".act", in any case.
 const ActivityEntry* findActivity(const RouteTables& tables, const ActivityScan& scan,
@@ -75,6 +60,20 @@ Json nodeJson(const DependencyTree& tree, std::size_t index) {
 }
 
 }  // namespace
+
+const RouteEntry* findRoute(const RouteTables& tables, const std::string& given) {
+    for (const RouteEntry& route : tables.routes)
+        if (!route.routeName.empty() && route.routeName == given) return &route;
+    const std::string folder = upperAscii(given);
+    for (const RouteEntry& route : tables.routes) {
+        if (route.routeName.empty()) continue;
+        const std::size_t cut = route.folder.find_last_of("/\\");
+        if (upperAscii(route.folder.substr(cut + 1)) == folder ||
+            upperAscii(route.folder) == folder)
+            return &route;
+    }
+    return nullptr;
+}
 
 // The routes listed, as the window lists them.
 int runRoutes(CliContext& context, CommandArguments& arguments) {

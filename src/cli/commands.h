@@ -30,6 +30,11 @@ int runRoutes(CliContext& context, CommandArguments& arguments);
 int runActivities(CliContext& context, CommandArguments& arguments);
 int runLooseTest(CliContext& context, CommandArguments& arguments);
 int runDeps(CliContext& context, CommandArguments& arguments);
+int runLooseList(CliContext& context, CommandArguments& arguments);
+int runLooseReplace(CliContext& context, CommandArguments& arguments);
+
+// The route a ROUTE operand names: its display name as listed, or its folder in any case.
+const RouteEntry* findRoute(const RouteTables& tables, const std::string& given);
 int runAliasList(CliContext& context, CommandArguments& arguments);
 int runAliasEngine(CliContext& context, CommandArguments& arguments);
 int runAliasCabFolder(CliContext& context, CommandArguments& arguments);

@@ -37,7 +37,7 @@ TEST(RouteCommands, TheSampleRouteItsActivitiesAndTheirConsists) {
                 HasSubstr("error: There has been an error with the file RY_Works_Broken.srv"));
 
     const CliRun activities = scanOf(msts, home, {"activities", "ry_valley"});
-    EXPECT_EQ(activities.out, "Evening empties\nEvening empties\nMorning coal\n");
+    EXPECT_EQ(activities.out, "Evening empties\nEvening empties\nYard shunt\nMorning coal\n");
 
     const CliRun evening =
         scanOf(msts, home, {"--json", "activities", "Rakeyard Valley Line", "Evening empties"});

@@ -13,7 +13,6 @@ namespace rakeyard::test {
 namespace {
 
 using ::testing::HasSubstr;
-using ::testing::Not;
 using ::testing::StartsWith;
 
 TEST(CliUsage, HelpListsTheBuiltCommandsOnly) {
@@ -25,16 +24,15 @@ TEST(CliUsage, HelpListsTheBuiltCommandsOnly) {
                               "activities", "loose-test", "alias list", "alias engine",
                               "alias cab-folder", "alias sound-folder", "alias restore",
                               "tools maxvelocity", "tools random", "tools stats",
-                              "tools bigones", "unit describe", "unit consists", "unit edit", "deps"})
+                              "tools bigones", "unit describe", "unit consists", "unit edit", "deps",
+                              "loose list", "loose replace"})
         EXPECT_THAT(run.out, HasSubstr(built)) << built;
-    for (const char* unbuilt : {"loose list", "loose replace"})
-        EXPECT_THAT(run.out, Not(HasSubstr(unbuilt))) << unbuilt;
 }
 
 TEST(CliUsage, CommandsNotBuiltAreNotAvailableWithStatus2) {
     MstsTree msts;
     const std::vector<std::vector<std::string>> commands = {
-        {"loose", "list", "R", "A"},   {"alias"},
+        {"loose", "frobnicate", "R"},   {"alias"},
         {"tools", "frobnicate"},  {"frobnicate"},
         {"catalogue"},       {"consist", "delete", "x"},
         {"unicode"},         {"unit", "frobnicate", "x.eng"}};

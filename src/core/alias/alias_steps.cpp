@@ -6,6 +6,7 @@
 #include "core/platform/file_names.h"
 #include "core/platform/paths.h"
 #include "core/platform/text_utf.h"
+#include "core/settings/work_files.h"
 
 namespace rakeyard {
 
@@ -22,15 +23,6 @@ bool climbs(std::string_view relative) {
         begin = end + 1;
     }
     return false;
-}
-
-// True when path lies inside folder (or is it), whatever the letter case; both as resolved.
-bool liesInside(const std::string& path, const std::string& folder) {
-    const std::string upperPath = upperAscii(path);
-    std::string upperFolder = upperAscii(folder);
-    if (upperPath == upperFolder) return true;
-    if (upperFolder.empty() || upperFolder.back() != kPathSeparator) upperFolder += kPathSeparator;
-    return upperPath.starts_with(upperFolder);
 }
 
 }  // namespace
@@ -147,9 +139,8 @@ bool folderIsOwn(const std::string& folder, Services& services) {
 }
 
 void removeLeftoverCopies(const PathGlobals& paths, Services& services) {
-    if (paths.programFolder.empty()) return;
+    if (!programFolderIsOwn(paths, services.fs)) return;
     const std::string home = services.fs.resolve(paths.programFolder);
-    if (!paths.mstsPath.empty() && liesInside(home, services.fs.resolve(paths.mstsPath))) return;
     for (const DirEntry& entry : services.fs.listFolder(home)) {
         // A copy that can't be moved stays; it harms nothing but the space it takes.
         if (!entry.isFolder && hasExtension(entry.name, ".ENG"))

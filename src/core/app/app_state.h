@@ -3,6 +3,7 @@
 
 #include "core/consist/consist_state.h"
 #include "core/consist/edit_history.h"
+#include "core/msts/loose_editor.h"
 #include "core/msts/route_scan.h"
 #include "core/msts/unit_record.h"
 #include "core/settings/settings_record.h"
@@ -18,6 +19,7 @@ struct AppState {
     ConsistState consist;
     EditHistory history;  // of the consist's edits in the window
     RouteTables routes;   // the routes and the activities of the route last selected
+    LooseUnitTable looseUnits;  // the units of the activity open in the loose consist editor
     bool debugMode = false;
 };
 

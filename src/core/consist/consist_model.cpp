@@ -26,27 +26,12 @@ std::string wholeText(long long value) {
 
 }  // namespace
 
-float toSingle(double value) {
-    if (std::isnan(value)) return 0;
-    if (value > FLT_MAX) return FLT_MAX;
-    if (value < -FLT_MAX) return -FLT_MAX;
-    return static_cast<float>(value);
-}
-
 long long wholeNumber(double value) {
     if (std::isnan(value)) return 0;
     const double whole = std::floor(value);
     if (whole >= 9.2e18) return 9200000000000000000LL;
     if (whole <= -9.2e18) return -9200000000000000000LL;
     return static_cast<long long>(whole);
-}
-
-std::string singleText(double value) {
-    const float single = toSingle(value);
-    if (single == 0) return "0";  // also -0, which would print with its sign
-    char text[32];
-    std::snprintf(text, sizeof text, "%.7G", static_cast<double>(single));
-    return text;
 }
 
 void setLengthText(ConsistTotals& totals, std::string text) {

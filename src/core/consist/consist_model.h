@@ -3,14 +3,10 @@
 #include <string_view>
 
 #include "core/consist/consist_state.h"
+#include "core/msts/msts_text.h"
 
 namespace rakeyard {
 
-// A 32-bit float as the labels show it: at most 7 significant digits, no trailing zeros
-// ("12.34", "0", "1E+07"). The value is taken as a single first.
-std::string singleText(double value);
-// The value as a 32-bit float, held to the float range (NaN becomes 0).
-float toSingle(double value);
 // The whole part (rounded down) of a number as an integer, held to the 64-bit range.
 long long wholeNumber(double value);
 

@@ -126,5 +126,10 @@ double numberValue(std::u16string_view s);
 double numberValue(std::string_view s);
 // Sign(x) * Int(Abs(x) * 100 + 0.05) / 100, as a 32-bit float.
 float round2(double x);
+// A 32-bit float as the labels show it: at most 7 significant digits, no trailing zeros
+// ("12.34", "0", "1E+07"). The value is taken as a single first.
+std::string singleText(double value);
+// The value as a 32-bit float, held to the float range (NaN becomes 0).
+float toSingle(double value);
 
 }  // namespace rakeyard

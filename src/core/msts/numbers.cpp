@@ -1,5 +1,7 @@
+#include <cfloat>
 #include <charconv>
 #include <cmath>
+#include <cstdio>
 #include <string>
 
 #include "core/msts/msts_text.h"
@@ -65,6 +67,21 @@ float round2(double x) {
     // The addend is 0.05, not 0.5: values truncate unless just below a hundredth.
     const double sign = x > 0 ? 1 : (x < 0 ? -1 : 0);
     return static_cast<float>(sign * std::floor(std::fabs(x) * 100 + 0.05) / 100);
+}
+
+float toSingle(double value) {
+    if (std::isnan(value)) return 0;
+    if (value > FLT_MAX) return FLT_MAX;
+    if (value < -FLT_MAX) return -FLT_MAX;
+    return static_cast<float>(value);
+}
+
+std::string singleText(double value) {
+    const float single = toSingle(value);
+    if (single == 0) return "0";  // also -0, which would print with its sign
+    char text[32];
+    std::snprintf(text, sizeof text, "%.7G", static_cast<double>(single));
+    return text;
 }
 
 }  // namespace rakeyard

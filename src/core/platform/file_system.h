@@ -3,7 +3,10 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
+
+#include "core/platform/paths.h"
 
 namespace rakeyard {
 
@@ -48,6 +51,20 @@ public:
                                                 std::string_view bytes) = 0;
     // Appends to a report or log of the program's own (not a user's MSTS file).
     [[nodiscard]] virtual bool appendFile(const std::string& path, std::string_view bytes) = 0;
+    // Writes work files of the program's own into folder, each replacing the file of exactly its
+    // name, with plain writes not flushed to the disk: thousands of small files at once, which
+    // nothing needs after a crash. False when one of them could not be written.
+    using NamedBytes = std::pair<std::string, std::string>;
+    [[nodiscard]] virtual bool writeWorkFiles(const std::string& folder,
+                                              const std::vector<NamedBytes>& files) {
+        bool all = true;
+        for (const auto& [name, bytes] : files) {
+            const std::string path = joinPath(folder, name);
+            (void)removeFile(path);  // none there is the usual case
+            all = appendFile(path, bytes) && all;
+        }
+        return all;
+    }
     [[nodiscard]] virtual bool removeFile(const std::string& path) = 0;
     // Gives a file another name. The folder of `to` is resolved, its last part is taken exactly
     // as given (so a name's letter case can change), and a file of exactly that name is replaced

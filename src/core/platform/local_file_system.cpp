@@ -318,11 +318,7 @@ WriteResult LocalFileSystem::writeFile(const std::string& path, std::string_view
 }
 
 bool LocalFileSystem::appendFile(const std::string& path, std::string_view bytes) {
-    // A report appended to again is found as named, with no look at the folders on the way.
-    std::error_code ec;
-    const std::string exact = nativeSeparators(path);
-    const std::string target =
-        fs::is_regular_file(sys::fsPath(exact), ec) ? exact : resolve(path);
+    const std::string target = existingPath(path);
     std::FILE* file = sys::openFile(target, "ab");
     if (!file) return false;
     // Only a file that was not there changes its folder's listing: reports get thousands of
@@ -334,8 +330,27 @@ bool LocalFileSystem::appendFile(const std::string& path, std::string_view bytes
     return written;
 }
 
+// The writes of a whole set look the folder up once and drop its listing once: a listing per
+// file would make thousands of files take quadratic time.
+bool LocalFileSystem::writeWorkFiles(const std::string& folder,
+                                     const std::vector<NamedBytes>& files) {
+    const std::string where = resolve(folder);
+    bool all = true;
+    for (const auto& [name, bytes] : files) {
+        std::FILE* file = sys::openFile(joinPath(where, name), "wb");
+        if (!file) {
+            all = false;
+            continue;
+        }
+        const bool written = std::fwrite(bytes.data(), 1, bytes.size(), file) == bytes.size();
+        all = std::fclose(file) == 0 && written && all;
+    }
+    forgetListing(where);
+    return all;
+}
+
 bool LocalFileSystem::removeFile(const std::string& path) {
-    const std::string target = resolve(path);
+    const std::string target = existingPath(path);
     std::error_code ec;
     if (fs::is_directory(sys::fsPath(target), ec)) return false;
     const bool removed = fs::remove(sys::fsPath(target), ec) && !ec;
@@ -344,7 +359,7 @@ bool LocalFileSystem::removeFile(const std::string& path) {
 }
 
 bool LocalFileSystem::renameFile(const std::string& from, const std::string& to) {
-    const std::string source = resolve(from);
+    const std::string source = existingPath(from);
     const std::string folder = resolve(parentPath(to));
     const std::string target = joinPath(folder, lastPathPart(to));
     std::error_code ec;

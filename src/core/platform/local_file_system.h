@@ -24,6 +24,7 @@ public:
                              std::string& bytes) override;
     WriteResult writeFile(const std::string& path, std::string_view bytes) override;
     bool appendFile(const std::string& path, std::string_view bytes) override;
+    bool writeWorkFiles(const std::string& folder, const std::vector<NamedBytes>& files) override;
     bool removeFile(const std::string& path) override;
     bool renameFile(const std::string& from, const std::string& to) override;
     bool isLink(const std::string& path) override;

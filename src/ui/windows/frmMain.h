@@ -158,6 +158,7 @@ private:
     void mnuPreview_Click();
     void mnuConsUse_Click();
     void mnuActsUse_Click();
+    void mnuLoose_Click();
     void mnuEditUnit_Click();
     // Opens the description window (free) following the list named, "locList" or "wagList".
     void showDescription(const QString& list);

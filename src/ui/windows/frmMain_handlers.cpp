@@ -87,6 +87,7 @@ void frmMain::connectMenus() {
     both(mnuPreview, nullptr, &frmMain::mnuPreview_Click);
     both(mnuConsUse, "dependencies", &frmMain::mnuConsUse_Click);
     both(mnuActsUse, "activitydependencies", &frmMain::mnuActsUse_Click);
+    both(mnuLoose, "loose", &frmMain::mnuLoose_Click);
     both(mnuEditUnit, nullptr, &frmMain::mnuEditUnit_Click);
     connect(toolbarButton(this, "random"), &QAction::triggered, this, &frmMain::tbrRandom_Click);
     both(mnuSteam, nullptr, &frmMain::mnuSteam_Click);
@@ -112,8 +113,7 @@ void frmMain::connectMenus() {
 // so that no key reaches them), and so is a menu left with nothing in it; the guide marks them
 // as coming.
 void frmMain::enableBuiltEntries() {
-    std::vector<QAction*> notYet = {mnuEditFile, mnuLoose};
-    notYet.push_back(toolbarButton(this, "loose"));
+    std::vector<QAction*> notYet = {mnuEditFile};
     for (QAction* entry : notYet) {
         entry->setEnabled(false);
         entry->setVisible(false);

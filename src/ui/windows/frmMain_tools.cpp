@@ -7,6 +7,7 @@
 #include "ui/windows/frmBigOnes.h"
 #include "ui/windows/frmDep.h"
 #include "ui/windows/frmDep1.h"
+#include "ui/windows/frmLoose.h"
 #include "ui/windows/frmDesc.h"
 #include "ui/windows/frmMain.h"
 #include "ui/windows/frmMaxVelocity.h"
@@ -129,6 +130,17 @@ void frmMain::mnuActsUse_Click() {
         window.exec();
     });
     refreshPics();
+}
+
+// The loose consist editor, blocking the main window; a filter chosen in its popups is set
+// here too, in the menu, the list and settings.bin.
+void frmMain::mnuLoose_Click() {
+    runGuarded(services_.dialogs, [&] {
+        frmLoose window(state_, services_, this);
+        connect(&window, &frmLoose::engineFilterChosen, this, &frmMain::setEngineFilter);
+        connect(&window, &frmLoose::wagonFilterChosen, this, &frmMain::setWagonFilter);
+        window.exec();
+    });
 }
 
 // The unit selected in the list with the input focus (the engines unless the wagon list has

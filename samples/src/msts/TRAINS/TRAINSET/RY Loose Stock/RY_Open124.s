@@ -1,0 +1,3 @@
+SIMISA@@@@@@@@@@JINX0s1t______
+
+shape ( placeholder of RY_Open124 )
