@@ -23,12 +23,12 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const std::string bytes(reinterpret_cast<const char*>(data), size);
     auto& files = quiet.tree.files;
     const std::string route = "/msts/Routes/R";
-    files[route + "/R.trk"] = bytes;
+    files[route + "/R.TRK"] = bytes;
     files[route + "/ACTIVITIES/a.act"] = bytes;
     files[route + "/ACTIVITIES/b.act"] = "RouteID (\nLoose consist\nEngineData ( x )\n";
     files[route + "/SERVICES/s.srv"] = bytes;
     files[route + "/SERVICES/t.srv"] = "Train_Config ( c )\n";
-    files["/msts/TRAINS/CONSISTS/c.con"] = bytes;
+    files["/msts/TRAINS/CONSISTS/c.CON"] = bytes;
     files["/msts/TRAINS/TRAINSET/x/x.eng"] = bytes;
     DependencyScan scan;
     for (const std::string& name :

@@ -21,12 +21,12 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const std::string bytes(reinterpret_cast<const char*>(data), size);
     auto& files = quiet.tree.files;
     const std::string route = "/msts/Routes/R";
-    files[route + "/R.trk"] = bytes;
+    files[route + "/R.TRK"] = bytes;
     files[route + "/ACTIVITIES/a.act"] = bytes;
     files[route + "/ACTIVITIES/b.act"] =
         "\xFF\xFE" + std::string("N\0a\0m\0e\0 \0(\0 \0x\0 \0)\0\r\0", 22);
     files[route + "/SERVICES/s.srv"] = bytes;
-    files["/msts/TRAINS/CONSISTS/c.con"] = bytes;
+    files["/msts/TRAINS/CONSISTS/c.CON"] = bytes;
     ActivityScan scan;
     openActivityScan(state->paths, state->routes, scan, quiet.services);
     for (const std::string& name : std::vector<std::string>(scan.routeNames))
