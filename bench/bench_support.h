@@ -6,6 +6,7 @@
 #include <cstdio>
 #include <functional>
 #include <optional>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -45,6 +46,27 @@ inline bool readWhole(const std::string& path, std::vector<char>& bytes) {
     bytes.resize(static_cast<std::size_t>(*size));
     bytes.resize(file.readInto(bytes.data(), bytes.size()).value_or(0));
     return true;
+}
+
+// The floor of a run that read and sized these files: each file read whole and each size
+// looked up, as often as listed. Returns the bytes, so that no work can be left out.
+inline std::size_t readAndSize(const std::vector<std::string>& read,
+                               const std::vector<std::string>& sized) {
+    std::vector<char> bytes;
+    std::size_t total = 0;
+    for (const std::string& path : read)
+        if (readWhole(path, bytes)) total += bytes.size();
+    for (const std::string& path : sized) {
+        bool missing = false;
+        total += static_cast<std::size_t>(sys::regularFileSize(path, missing).value_or(0));
+    }
+    return total;
+}
+
+// Each path once, at its first place.
+inline void keepFirst(std::vector<std::string>& paths) {
+    std::set<std::string> seen;
+    std::erase_if(paths, [&seen](const std::string& path) { return !seen.insert(path).second; });
 }
 
 // The paths of an installation at msts as the settings give them, the program's folder at home,

@@ -54,23 +54,6 @@ std::size_t scanRoute(AppState& state, FileSystem& fs, const std::string& route)
     return scan.tree.size();
 }
 
-std::size_t floorOf(const std::vector<std::string>& read, const std::vector<std::string>& sized) {
-    std::vector<char> bytes;
-    std::size_t total = 0;
-    for (const std::string& path : read)
-        if (readWhole(path, bytes)) total += bytes.size();
-    for (const std::string& path : sized) {
-        bool missing = false;
-        total += static_cast<std::size_t>(sys::regularFileSize(path, missing).value_or(0));
-    }
-    return total;
-}
-
-void keepFirst(std::vector<std::string>& paths) {
-    std::set<std::string> seen;
-    std::erase_if(paths, [&seen](const std::string& path) { return !seen.insert(path).second; });
-}
-
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -93,7 +76,7 @@ int main(int argc, char** argv) {
     LocalFileSystem kept;
     (void)scanRoute(*state, kept, route);
     std::vector<Timings> contenders = {
-        {"floor", [&] { bytes = floorOf(recorder.read, recorder.sized); }},
+        {"floor", [&] { bytes = readAndSize(recorder.read, recorder.sized); }},
         {"deps", [&] { (void)scanRoute(*state, kept, route); }},
         {"deps, fresh",
          [&] {

@@ -86,25 +86,6 @@ long long testAll(AppState& state, Services& services, bool all, bool cores = tr
     return errors;
 }
 
-// Each file read whole and each size looked up, as often as listed.
-std::size_t floorOf(const std::vector<std::string>& read, const std::vector<std::string>& sized) {
-    std::vector<char> bytes;
-    std::size_t total = 0;
-    for (const std::string& path : read)
-        if (readWhole(path, bytes)) total += bytes.size();
-    for (const std::string& path : sized) {
-        bool missing = false;
-        total += static_cast<std::size_t>(sys::regularFileSize(path, missing).value_or(0));
-    }
-    return total;
-}
-
-// Each file once.
-void keepFirst(std::vector<std::string>& paths) {
-    std::set<std::string> seen;
-    std::erase_if(paths, [&seen](const std::string& path) { return !seen.insert(path).second; });
-}
-
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -138,7 +119,7 @@ int main(int argc, char** argv) {
     }
     std::size_t bytes = 0;
     std::vector<Timings> contenders = {
-        {"floor, 1 thread", [&] { bytes = floorOf(fs.read, fs.sized); }},
+        {"floor, 1 thread", [&] { bytes = readAndSize(fs.read, fs.sized); }},
         {"test, 1 thread", [&] { (void)testAll(*state, services, all, false); }},
         {"test, all cores", [&] { (void)testAll(*state, services, all); }},
     };

@@ -77,18 +77,22 @@ void frmDep::Command1_Click() {
     });
 }
 
-void frmDep::done(int result) {
-    runGuarded(services_.dialogs, [&] {
-        SettingsRecord record = readSettings(services_.fs, state_.paths.programFolder);
-        if (!isMinimized()) {
-            record.dependenciesLeft = pixelsToTwips(frameGeometry().left());
-            record.dependenciesTop = pixelsToTwips(frameGeometry().top());
-            record.dependenciesWidth = pixelsToTwips(width());
-            record.dependenciesHeight = pixelsToTwips(height());
+void storeDependenciesPlace(const QWidget& window, AppState& state, Services& services) {
+    runGuarded(services.dialogs, [&] {
+        SettingsRecord record = readSettings(services.fs, state.paths.programFolder);
+        if (!window.isMinimized()) {
+            record.dependenciesLeft = pixelsToTwips(window.frameGeometry().left());
+            record.dependenciesTop = pixelsToTwips(window.frameGeometry().top());
+            record.dependenciesWidth = pixelsToTwips(window.width());
+            record.dependenciesHeight = pixelsToTwips(window.height());
         }
-        state_.settings = record;
-        (void)saveSettings(record, state_.paths, services_);
+        state.settings = record;
+        (void)saveSettings(record, state.paths, services);
     });
+}
+
+void frmDep::done(int result) {
+    storeDependenciesPlace(*this, state_, services_);
     QDialog::done(result);
 }
 

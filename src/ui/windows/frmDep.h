@@ -9,6 +9,10 @@ class QPushButton;
 
 namespace rakeyard::ui {
 
+// The place and size of a window that shows dependencies, kept in settings.bin: both windows
+// of that kind share them. Nothing of a minimized window is kept.
+void storeDependenciesPlace(const QWidget& window, AppState& state, Services& services);
+
 // The consists that use one unit: a double click loads one into the editor, Delete sends the
 // selected ones to the trash.
 class frmDep : public QDialog {

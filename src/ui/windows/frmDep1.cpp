@@ -17,6 +17,7 @@
 #include "core/settings/settings_file.h"
 #include "ui/support/handler_guard.h"
 #include "ui/support/twips.h"
+#include "ui/windows/frmDep.h"
 #include "ui/support/window_helpers.h"
 #include "ui/widgets/dependency_icons.h"
 #include "ui/widgets/dependency_model.h"
@@ -224,17 +225,7 @@ void frmDep1::reject() {
 // The place and size go into settings.bin, unless the window is minimized.
 void frmDep1::done(int result) {
     scan_.stopFlag = true;
-    runGuarded(services_.dialogs, [&] {
-        SettingsRecord record = readSettings(services_.fs, state_.paths.programFolder);
-        if (!isMinimized()) {
-            record.dependenciesLeft = pixelsToTwips(frameGeometry().left());
-            record.dependenciesTop = pixelsToTwips(frameGeometry().top());
-            record.dependenciesWidth = pixelsToTwips(width());
-            record.dependenciesHeight = pixelsToTwips(height());
-        }
-        state_.settings = record;
-        (void)saveSettings(record, state_.paths, services_);
-    });
+    storeDependenciesPlace(*this, state_, services_);
     QDialog::done(result);
 }
 
