@@ -3,6 +3,7 @@
 #include <QLayout>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QProgressBar>
 #include <QPushButton>
 #include <QTest>
 #include <QTimer>
@@ -23,6 +24,7 @@
 #include "ui/windows/frmScrshots.h"
 #include "ui/windows/frmSettings.h"
 #include "ui/windows/frmUnicode.h"
+#include "ui/windows/qt_services.h"
 #include "ui/widgets/path_chooser.h"
 
 using namespace rakeyard;
@@ -36,6 +38,7 @@ private Q_SLOTS:
     void pathWindowsKeepTheirNamesCaptionsAndOrder();
     void pathWindowButtonsRunEachWindowsOwnSteps();
     void everyWindowCanBeResized();
+    void progressBarShowsEachRunsEnd();
 };
 
 void Windows::numberBoxTakesDigitsOnlyAndCancelGivesZero() {
@@ -225,6 +228,28 @@ void Windows::everyWindowCanBeResized() {
             QVERIFY2(window->layout()->geometry().width() > first.width(), qPrintable(name));
         window->hide();
     }
+}
+
+// The bar moves only every few milliseconds, but a run's last step always shows, however fast
+// the steps came, and steps past the end leave it full.
+void Windows::progressBarShowsEachRunsEnd() {
+    QProgressBar bar;
+    QLabel label;
+    ui::QtProgress progress;
+    progress.attach(&bar, &label);
+    progress.start("Retrieving engine data...", 5000);
+    QCOMPARE(label.text(), QString("Retrieving engine data..."));
+    for (int i = 0; i < 5000; ++i)
+        progress.step();
+    QCOMPARE(bar.value(), 5000);
+    progress.step();
+    QCOMPARE(bar.value(), 5000);
+
+    progress.start("Retrieving wagon data...", 3);
+    QCOMPARE(bar.value(), 0);
+    for (int i = 0; i < 3; ++i)
+        progress.step();
+    QCOMPARE(bar.value(), 3);
 }
 
 #include "test_windows.moc"

@@ -119,7 +119,7 @@ private:
     void buildMenus();
     void connectMenus();
     void buildToolbar();
-    void useDesktopToolbarIcons();
+    void useDesktopIcons();
     void buildLayout();
     QWidget* buildListsRow();
     QWidget* buildStrip();

@@ -41,7 +41,6 @@ QPixmap arrowPicture(bool pointsLeft) {
 QLineEdit* searchBox(const QString& name, const QString& prompt, QWidget* parent) {
     auto* box = named(new QLineEdit(parent), name);
     box->setPlaceholderText(prompt);
-    box->setClearButtonEnabled(true);
     box->setToolTip("Shows the units with every word typed in their name, file or folder. "
                     "Down goes to the list, Escape empties the box.");
     return box;

@@ -1,5 +1,6 @@
 // The menu tree and the toolbar of the main window.
 #include <QAction>
+#include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
 #include <QToolBar>
@@ -192,13 +193,16 @@ void frmMain::buildToolbar() {
     }
 }
 
-void frmMain::useDesktopToolbarIcons() {
+// The toolbar's icons and the search boxes' clear buttons come from the desktop's theme.
+void frmMain::useDesktopIcons() {
     for (QAction* action : Toolbar1->actions()) {
         const QString name = action->objectName();
         if (!name.startsWith("tbr_")) continue;
         if (const QIcon icon = desktopToolbarIcon(name.mid(4)); !icon.isNull())
             action->setIcon(icon);
     }
+    txtLocSearch->setClearButtonEnabled(true);
+    txtWagSearch->setClearButtonEnabled(true);
 }
 
 // The desktop's icons come once the window stands, so that looking them up does not hold the
@@ -207,7 +211,7 @@ void frmMain::showEvent(QShowEvent* event) {
     QMainWindow::showEvent(event);
     if (desktopIconsAsked_) return;
     desktopIconsAsked_ = true;
-    QTimer::singleShot(0, this, &frmMain::useDesktopToolbarIcons);
+    QTimer::singleShot(0, this, &frmMain::useDesktopIcons);
 }
 
 }  // namespace rakeyard::ui

@@ -1,5 +1,7 @@
 #include "ui/windows/qt_services.h"
 
+#include <algorithm>
+
 #include <QApplication>
 #include <QDesktopServices>
 #include <QFile>
@@ -100,15 +102,16 @@ void QtProgress::start(std::string_view label, int maximum) {
 
 void QtProgress::step() {
     ++value_;
-    if (bar_ && value_ <= bar_->maximum()) bar_->setValue(value_);
-    pumpEvents(false);
+    pumpEvents(bar_ && value_ == bar_->maximum());
 }
 
 void QtProgress::pumpEvents(bool force) {
-    // Pending events run every few milliseconds rather than at each file: a Stop press or a
-    // timer is still seen at once, and thousands of small files do not wait on repaints.
+    // The bar moves and pending events run every few milliseconds rather than at each file: a
+    // Stop press or a timer is still seen at once, and thousands of small files do not wait on
+    // repaints (a progress bar repaints at once whenever its value shows a change).
     if (!force && sincePump_.isValid() && sincePump_.elapsed() < 15) return;
     sincePump_.start();
+    if (bar_) bar_->setValue(std::min(value_, bar_->maximum()));
     QCoreApplication::processEvents();
 }
 
