@@ -63,8 +63,10 @@ std::size_t readFloor(const std::filesystem::path& trainset) {
     return lineEnds;
 }
 
-// The catalogue load as start-up runs it, into a fresh state. Returns the units stored.
-std::size_t loadCatalogue(const std::string& msts, const std::string& home, unsigned threads) {
+// The catalogue load as start-up runs it, into a fresh state: read there, or taken from the
+// files read ahead as the window program does. Returns the units stored.
+std::size_t loadCatalogue(const std::string& msts, const std::string& home, unsigned threads,
+                          bool readAhead = false) {
     auto state = std::make_unique<rakeyard::AppState>();
     state->paths.programFolder = home;
     state->paths.mstsPath = msts;
@@ -76,7 +78,10 @@ std::size_t loadCatalogue(const std::string& msts, const std::string& home, unsi
     rakeyard::NoProgress progress;
     NoDesktop desktop;
     rakeyard::Services services{fs, dialogs, progress, desktop};
-    rakeyard::readUnitCatalogue(state->paths, state->catalogue, services, false, threads);
+    std::optional<rakeyard::UnitFilesAhead> ahead;
+    if (readAhead) ahead = rakeyard::readUnitFilesAhead(state->paths.trainsetPath, fs, threads);
+    rakeyard::readUnitCatalogue(state->paths, state->catalogue, services, false, threads,
+                                ahead ? &*ahead : nullptr);
     return state->catalogue.engineCount + state->catalogue.wagonCount;
 }
 
@@ -99,6 +104,7 @@ int main(int argc, char** argv) {
         {"floor, 1 thread", [&] { lineEnds = readFloor(msts + "/TRAINS/TRAINSET"); }},
         {"load, 1 thread", [&] { units = loadCatalogue(msts, home.string(), 1); }},
         {"load, all cores", [&] { units = loadCatalogue(msts, home.string(), 0); }},
+        {"read ahead+take", [&] { units = loadCatalogue(msts, home.string(), 0, true); }},
     };
     contenders[0].work();  // warms the file cache
     std::printf("installation: %s\n", msts.c_str());

@@ -3,7 +3,7 @@
 # something is missing.
 RAKEYARD_PACKAGES="cmake ninja-build g++ qt6-base-dev libgl-dev libgtest-dev libgmock-dev
     nlohmann-json3-dev xvfb xauth imagemagick x11-utils xdotool python3 libxkbcommon-x11-0
-    libxcb-cursor0 fonts-dejavu-core"
+    libxcb-cursor0 fonts-dejavu-core libxdamage-dev"
 
 # What the Windows cross build and its run under Wine need besides.
 RAKEYARD_WINDOWS_PACKAGES="g++-mingw-w64-x86-64-posix wine wine64 googletest"

@@ -69,6 +69,34 @@ QIcon toolbarIcon(const QString& key) {
     return QIcon(slotPicture("ENG"));
 }
 
+QIcon drawnButtonIcon(const QString& key) {
+    constexpr int kSide = 16;
+    QPixmap pixmap(kSide * 2, kSide * 2);
+    pixmap.fill(Qt::transparent);
+    QPainter p(&pixmap);
+    p.setRenderHint(QPainter::Antialiasing);
+    p.scale(2, 2);
+    const QColor ink = QApplication::palette().color(QPalette::ButtonText);
+    if (key == "refresh") {
+        p.setPen(QPen(ink, 1.6, Qt::SolidLine, Qt::RoundCap));
+        p.drawArc(QRectF(3, 3, 10, 10), 100 * 16, 290 * 16);  // open at the top right
+        p.setPen(Qt::NoPen);
+        p.setBrush(ink);
+        p.drawPolygon(QPolygonF({QPointF(8.5, 0.5), QPointF(12.5, 3), QPointF(8.5, 5.5)}));
+    } else if (key == "edit") {
+        p.translate(8, 8);
+        p.rotate(45);
+        p.setPen(QPen(ink, 1.2));
+        p.setBrush(Qt::NoBrush);
+        p.drawRect(QRectF(-1.8, -7, 3.6, 10));  // the pencil's body
+        p.setBrush(ink);
+        p.drawPolygon(QPolygonF({QPointF(-1.8, 3), QPointF(1.8, 3), QPointF(0, 6.5)}));
+    }
+    p.end();
+    pixmap.setDevicePixelRatio(2);
+    return QIcon(pixmap);
+}
+
 QIcon desktopToolbarIcon(const QString& key) {
     struct Themed {
         const char* key;

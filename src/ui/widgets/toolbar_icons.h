@@ -11,4 +11,8 @@ QIcon toolbarIcon(const QString& key);
 // the icon theme takes a while, so the main window asks once it is shown.
 QIcon desktopToolbarIcon(const QString& key);
 
+// The small buttons beside the unit lists, drawn in code until the desktop's icons are asked
+// for: "refresh" (a round arrow) and "edit" (a pencil).
+QIcon drawnButtonIcon(const QString& key);
+
 }  // namespace rakeyard::ui

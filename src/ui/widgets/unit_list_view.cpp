@@ -3,6 +3,8 @@
 #include <QCollator>
 #include <QHeaderView>
 #include <QSortFilterProxyModel>
+#include <future>
+#include <system_error>
 
 #include "core/msts/unit_search.h"
 
@@ -11,6 +13,7 @@ namespace rakeyard::ui {
 namespace {
 
 enum Column { kName, kCouplers, kKind, kFile, kFolder, kColumnCount };
+static_assert(kColumnCount == UnitListEntry::kColumns);
 constexpr int kLineRole = Qt::UserRole + 1;
 
 QString text(const std::string& utf8) {
@@ -21,11 +24,7 @@ QString text(const std::string& utf8) {
 
 class UnitListModel : public QAbstractTableModel {
 public:
-    struct Row {
-        std::string name, file, folder;  // what a search looks in, as the record holds them
-        QString columns[kColumnCount];
-        QString line;
-    };
+    using Row = UnitListEntry;
 
     UnitListModel(UnitClass which, QObject* parent) : QAbstractTableModel(parent), which_(which) {}
 
@@ -45,10 +44,10 @@ public:
     QVariant data(const QModelIndex& index, int role) const override {
         if (!index.isValid()) return {};
         const Row& r = row(index.row());
-        if (role == Qt::DisplayRole) return r.columns[index.column()];
-        if (role == kLineRole) return r.line;
-        if (role == Qt::ToolTipRole) return r.columns[kName] + "\n" + r.columns[kFolder] + "/" +
-                                            r.columns[kFile];
+        if (role == Qt::DisplayRole) return text(r.columns[index.column()]);
+        if (role == kLineRole) return text(r.line);
+        if (role == Qt::ToolTipRole)
+            return text(r.columns[kName] + "\n" + r.columns[kFolder] + "/" + r.columns[kFile]);
         return {};
     }
     QVariant headerData(int section, Qt::Orientation orientation, int role) const override {
@@ -85,7 +84,7 @@ protected:
     bool filterAcceptsRow(int sourceRow, const QModelIndex&) const override {
         if (search_.empty()) return true;
         const auto& row = static_cast<const UnitListModel*>(sourceModel())->row(sourceRow);
-        return search_.matches(row.name, row.file, row.folder);
+        return search_.matches(row.columns[kName], row.columns[kFile], row.columns[kFolder]);
     }
     bool lessThan(const QModelIndex& left, const QModelIndex& right) const override {
         const int order = collator_.compare(left.data().toString(), right.data().toString());
@@ -128,23 +127,47 @@ UnitListView::UnitListView(UnitClass which, QWidget* parent)
     });
 }
 
-void UnitListView::setRows(std::span<const UnitRecord> records,
-                           const std::vector<UnitListRow>& rows) {
-    const bool isEngine = which_ == UnitClass::Engine;
-    std::vector<UnitListModel::Row> shown;
-    shown.reserve(rows.size());
-    for (const UnitListRow& row : rows) {
-        const UnitRecord& unit = records[row.record];
-        UnitListModel::Row r{unit.displayName, unit.fileName, unit.folderName, {}, text(row.line)};
-        r.columns[kName] = text(unit.displayName);
-        r.columns[kCouplers] = text(unit.couplerFront + unit.couplerRear);
-        r.columns[kKind] = text(isEngine ? unit.maxPower : unit.unitType);
-        r.columns[kFile] = text(unit.fileName);
-        r.columns[kFolder] = text(unit.folderName);
-        shown.push_back(std::move(r));
+std::vector<UnitListEntry> unitListEntries(std::span<const UnitRecord> records,
+                                           UnitClass which, std::string_view filter) {
+    const bool isEngine = which == UnitClass::Engine;
+    std::vector<UnitListRow> rows = unitListRows(records, which, filter);
+    std::vector<UnitListEntry> entries(rows.size());
+    for (std::size_t i = 0; i < rows.size(); ++i) {
+        const UnitRecord& unit = records[rows[i].record];
+        UnitListEntry& entry = entries[i];
+        entry.columns[kName] = unit.displayName;
+        entry.columns[kCouplers] = unit.couplerFront + unit.couplerRear;
+        entry.columns[kKind] = isEngine ? unit.maxPower : unit.unitType;
+        entry.columns[kFile] = unit.fileName;
+        entry.columns[kFolder] = unit.folderName;
+        entry.line = std::move(rows[i].line);
     }
-    model_->setRows(std::move(shown));
-    if (!columnsFitted_ && !rows.empty()) {
+    return entries;
+}
+
+void showCatalogueLists(UnitListView& engineList, UnitListView& wagonList,
+                        const UnitCatalogue& catalogue, const PathGlobals& paths) {
+    const auto engines = usedRecords(catalogue, UnitClass::Engine);
+    const auto wagons = usedRecords(catalogue, UnitClass::Wagon);
+    const auto engineEntries = [&] {
+        return unitListEntries(engines, UnitClass::Engine, paths.engineFilter);
+    };
+    std::future<std::vector<UnitListEntry>> engineRows;
+    try {
+        engineRows = std::async(std::launch::async, engineEntries);
+    } catch (const std::system_error&) {
+        // No thread to spare: the engine rows are made after the wagon rows.
+    }
+    std::vector<UnitListEntry> wagonRows =
+        unitListEntries(wagons, UnitClass::Wagon, paths.wagonFilter);
+    engineList.setEntries(engineRows.valid() ? engineRows.get() : engineEntries());
+    wagonList.setEntries(std::move(wagonRows));
+}
+
+void UnitListView::setEntries(std::vector<UnitListEntry> entries) {
+    const bool any = !entries.empty();
+    model_->setRows(std::move(entries));
+    if (!columnsFitted_ && any) {
         columnsFitted_ = true;
         for (int column = kCouplers; column < kColumnCount; ++column)
             resizeColumnToContents(column);

@@ -1,6 +1,9 @@
 #pragma once
+#include <QString>
 #include <QTreeView>
 #include <span>
+#include <string>
+#include <string_view>
 #include <vector>
 
 #include "core/msts/unit_list.h"
@@ -9,6 +12,21 @@ namespace rakeyard::ui {
 
 class UnitListModel;
 class UnitListProxy;
+
+// One row of a unit list: its columns' texts as the record holds them (name, couplers, power or
+// type, file, folder) and its list line. The view makes its display texts of them as rows are
+// drawn, so that thousands of rows are not all converted at once.
+struct UnitListEntry {
+    static constexpr int kColumns = 5;
+    std::string columns[kColumns];
+    std::string line;
+};
+
+// The rows of a catalogue under its filter (unitListRows), made ready to show. Only texts are
+// made, so it runs on any thread.
+[[nodiscard]] std::vector<UnitListEntry> unitListEntries(std::span<const UnitRecord> records,
+                                                         UnitClass which,
+                                                         std::string_view filter);
 
 // The engine or wagon list: a unit a row, in columns (name, couplers, power or type, file,
 // folder), sorted as the list lines sort until a click on a column's header sorts by that
@@ -19,8 +37,8 @@ class UnitListView : public QTreeView {
 public:
     UnitListView(UnitClass which, QWidget* parent = nullptr);
 
-    // Shows rows (from unitListRows) of records; the texts are copied, the records not kept.
-    void setRows(std::span<const UnitRecord> records, const std::vector<UnitListRow>& rows);
+    // Shows the rows given (from unitListEntries).
+    void setEntries(std::vector<UnitListEntry> entries);
     // Shows only the rows whose unit matches the words of text (UnitSearch).
     void setSearch(const QString& text);
 
@@ -48,5 +66,10 @@ private:
     UnitListModel* model_;
     UnitListProxy* proxy_;
 };
+
+// Fills the engine and the wagon list with the catalogues under their filters, the two lists'
+// rows made side by side.
+void showCatalogueLists(UnitListView& engineList, UnitListView& wagonList,
+                        const UnitCatalogue& catalogue, const PathGlobals& paths);
 
 }  // namespace rakeyard::ui

@@ -291,10 +291,7 @@ void frmLoose::Form_Load() {
 
 // The lists show what the main window's lists show: the catalogues under its filters.
 void frmLoose::fillLists() {
-    const auto engines = usedRecords(state_.catalogue, UnitClass::Engine);
-    const auto wagons = usedRecords(state_.catalogue, UnitClass::Wagon);
-    locList->setRows(engines, unitListRows(engines, UnitClass::Engine, state_.paths.engineFilter));
-    wagList->setRows(wagons, unitListRows(wagons, UnitClass::Wagon, state_.paths.wagonFilter));
+    showCatalogueLists(*locList, *wagList, state_.catalogue, state_.paths);
 }
 
 void frmLoose::tickFilters() {

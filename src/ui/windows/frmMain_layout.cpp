@@ -10,6 +10,7 @@
 #include <QVBoxLayout>
 
 #include "ui/widgets/slot_strip.h"
+#include "ui/widgets/toolbar_icons.h"
 #include "ui/widgets/unit_list_view.h"
 #include "ui/windows/frmMain.h"
 
@@ -69,14 +70,14 @@ QWidget* frmMain::buildListsRow() {
     wagList->setAccessibleName("Wagons");
     Label3 = named(new QLabel("0", row), "Label3");
     Label4 = named(new QLabel("0", row), "Label4");
-    const QIcon refresh = style()->standardIcon(QStyle::SP_BrowserReload);
+    const QIcon refresh = drawnButtonIcon("refresh");
     Command1 = smallButton("Command1", QString(), "Refresh engines list", row);
     Command2 = smallButton("Command2", QString(), "Refresh wagons list", row);
     Command1->setIcon(refresh);
     Command2->setIcon(refresh);
     Command1->setAccessibleName("Refresh engines list");
     Command2->setAccessibleName("Refresh wagons list");
-    const QIcon edit = style()->standardIcon(QStyle::SP_FileDialogDetailedView);
+    const QIcon edit = drawnButtonIcon("edit");
     Image3 = smallButton("Image3", QString(), "Change this engine's parameters", row);
     Image4 = smallButton("Image4", QString(), "Change this wagon's parameters", row);
     Image3->setIcon(edit);
@@ -218,7 +219,13 @@ void frmMain::buildLayout() {
     column->addWidget(buildListsRow(), 3);
 
     Label2 = named(new QLabel(central), "Label2");
-    Label2->setStyleSheet("color: #c00000; font-weight: bold;");
+    // A palette, not a style sheet: a style sheet's engine would slow the window's start.
+    QPalette warning = Label2->palette();
+    warning.setColor(QPalette::WindowText, QColor(0xc0, 0, 0));
+    Label2->setPalette(warning);
+    QFont bold = Label2->font();
+    bold.setBold(true);
+    Label2->setFont(bold);
     Label2->setAlignment(Qt::AlignCenter);
     QSizePolicy keep = Label2->sizePolicy();
     keep.setRetainSizeWhenHidden(true);
@@ -238,7 +245,6 @@ void frmMain::buildLayout() {
                                  "Startup errors have been detected! Right-click to delete "
                                  "errors file.",
                                  central);
-    cmdStartErrors->setIcon(style()->standardIcon(QStyle::SP_MessageBoxWarning));
     cmdStartErrors->setVisible(false);
     cmdStartErrors->setContextMenuPolicy(Qt::CustomContextMenu);
     for (QPushButton* b : {cmdShift[0], cmdHome, cmdMove[0], cmdMove[1], cmdEnd, cmdShift[1]})

@@ -47,10 +47,7 @@ void frmMain::showUnitLists() {
     mnuCarriages->setChecked(wagonFilter == "Carriage");
     mnuTenders->setChecked(wagonFilter == "Tender");
     mnuWagAll->setChecked(wagonFilter == "All");
-    locList->setRows(enginesOf(state_), unitListRows(enginesOf(state_), UnitClass::Engine,
-                                                     engineFilter));
-    wagList->setRows(wagonsOf(state_), unitListRows(wagonsOf(state_), UnitClass::Wagon,
-                                                    wagonFilter));
+    showCatalogueLists(*locList, *wagList, state_.catalogue, state_.paths);
     showListCounts();
 }
 

@@ -3,6 +3,8 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
+#include <QPushButton>
+#include <QStyle>
 #include <QToolBar>
 #include <QTimer>
 #include <QToolButton>
@@ -193,7 +195,8 @@ void frmMain::buildToolbar() {
     }
 }
 
-// The toolbar's icons and the search boxes' clear buttons come from the desktop's theme.
+// The toolbar's icons, the small buttons' and the search boxes' clear buttons come from the
+// desktop's theme.
 void frmMain::useDesktopIcons() {
     for (QAction* action : Toolbar1->actions()) {
         const QString name = action->objectName();
@@ -201,6 +204,13 @@ void frmMain::useDesktopIcons() {
         if (const QIcon icon = desktopToolbarIcon(name.mid(4)); !icon.isNull())
             action->setIcon(icon);
     }
+    const QIcon refresh = style()->standardIcon(QStyle::SP_BrowserReload);
+    Command1->setIcon(refresh);
+    Command2->setIcon(refresh);
+    const QIcon edit = style()->standardIcon(QStyle::SP_FileDialogDetailedView);
+    Image3->setIcon(edit);
+    Image4->setIcon(edit);
+    cmdStartErrors->setIcon(style()->standardIcon(QStyle::SP_MessageBoxWarning));
     txtLocSearch->setClearButtonEnabled(true);
     txtWagSearch->setClearButtonEnabled(true);
 }

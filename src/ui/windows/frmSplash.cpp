@@ -32,9 +32,14 @@ QPixmap splashPicture(QSize size) {
     return picture;
 }
 
+// White text on the picture. A palette rather than a style sheet: style sheets bring in their
+// own style engine, which would slow the first window of the program.
 QLabel* label(const char* name, const QString& text, QWidget* parent) {
     auto* l = new QLabel(text, parent);
     l->setObjectName(name);
+    QPalette palette = l->palette();
+    palette.setColor(QPalette::WindowText, Qt::white);
+    l->setPalette(palette);
     return l;
 }
 
@@ -50,7 +55,10 @@ frmSplash::frmSplash(QWidget* parent)
     Image1->setPixmap(splashPicture(size()));
 
     lblProductName = label("lblProductName", "Rakeyard", this);
-    lblProductName->setStyleSheet("color: white; font-size: 28pt; font-weight: bold;");
+    QFont title = lblProductName->font();
+    title.setPointSize(28);
+    title.setBold(true);
+    lblProductName->setFont(title);
     lblVersion = label("lblVersion",
                        QString("Version %1.%2.%3")
                            .arg(RAKEYARD_VERSION_MAJOR)
@@ -59,8 +67,6 @@ frmSplash::frmSplash(QWidget* parent)
                        this);
     Label1 = label("Label1", "Consist editor and rolling stock checker for MSTS", this);
     Label2 = label("Label2", QString(), this);
-    for (QLabel* text : {lblVersion, Label1, Label2})
-        text->setStyleSheet("color: white;");
     PBar1 = new QProgressBar(this);
     PBar1->setObjectName("PBar1");
     PBar1->setTextVisible(false);
