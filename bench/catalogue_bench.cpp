@@ -79,7 +79,10 @@ std::size_t loadCatalogue(const std::string& msts, const std::string& home, unsi
     NoDesktop desktop;
     rakeyard::Services services{fs, dialogs, progress, desktop};
     std::optional<rakeyard::UnitFilesAhead> ahead;
-    if (readAhead) ahead = rakeyard::readUnitFilesAhead(state->paths.trainsetPath, fs, threads);
+    if (readAhead) {
+        ahead = rakeyard::readUnitFilesAhead(
+            state->paths.trainsetPath, fs, [&] { return &state->catalogue; }, threads);
+    }
     rakeyard::readUnitCatalogue(state->paths, state->catalogue, services, false, threads,
                                 ahead ? &*ahead : nullptr);
     return state->catalogue.engineCount + state->catalogue.wagonCount;

@@ -1,8 +1,9 @@
 // window_start_bench: the window program from launch until its main window stands drawn, against
 // the CLI's whole catalogue load on the same installation.
 //
-//   xvfb-run -a window_start_bench MSTS_FOLDER [RUNS]
+//   xvfb-run -a window_start_bench MSTS_FOLDER [RUNS [WINDOW_PROGRAM CLI_PROGRAM]]
 //
+// The programs default to those of this build; others (an earlier build's) can be compared.
 // A program folder made for the bench names MSTS_FOLDER, an editor and no viewer, so that start-up
 // asks nothing. Each run launches `rakeyard` and watches the X server: the main window's map, and
 // the first drawing into it (the Damage extension), which is when a user can see and use it.
@@ -79,10 +80,11 @@ public:
     }
 
     // Launches the program and waits for its main window's map and first large drawing.
-    std::optional<WindowTimes> launch(QProcess& program, const QStringList& arguments) {
+    std::optional<WindowTimes> launch(QProcess& program, const QString& path,
+                                      const QStringList& arguments) {
         XSync(display_, True);  // events of earlier runs are dropped
         const Clock::time_point start = Clock::now();
-        program.start(RAKEYARD_GUI_PROGRAM, arguments);
+        program.start(path, arguments);
         WindowTimes times;
         Window main = 0;
         while (secondsSince(start) < kGiveUpSeconds) {
@@ -121,21 +123,27 @@ private:
     int damageEvent_ = 0;
 };
 
-double runCli(const QStringList& arguments) {
+struct Programs {
+    QString window = RAKEYARD_GUI_PROGRAM;
+    QString cli = RAKEYARD_CLI_PROGRAM;
+};
+
+double runCli(const Programs& programs, const QStringList& arguments) {
     QProcess cli;
     cli.setStandardOutputFile(QProcess::nullDevice());
     cli.setStandardErrorFile(QProcess::nullDevice());
     const Clock::time_point start = Clock::now();
-    cli.start(RAKEYARD_CLI_PROGRAM, arguments);
+    cli.start(programs.cli, arguments);
     cli.waitForFinished(-1);
     return secondsSince(start);
 }
 
-std::optional<WindowTimes> runWindow(MainWindowWatch& watch, const QStringList& arguments) {
+std::optional<WindowTimes> runWindow(MainWindowWatch& watch, const Programs& programs,
+                                     const QStringList& arguments) {
     QProcess window;
     window.setStandardOutputFile(QProcess::nullDevice());
     window.setStandardErrorFile(QProcess::nullDevice());
-    const std::optional<WindowTimes> times = watch.launch(window, arguments);
+    const std::optional<WindowTimes> times = watch.launch(window, programs.window, arguments);
     window.kill();
     window.waitForFinished(-1);
     return times;
@@ -146,11 +154,17 @@ std::optional<WindowTimes> runWindow(MainWindowWatch& watch, const QStringList& 
 int main(int argc, char** argv) {
     QCoreApplication app(argc, argv);
     if (argc < 2) {
-        std::fprintf(stderr, "usage: window_start_bench MSTS_FOLDER [RUNS]\n");
+        std::fprintf(stderr,
+                     "usage: window_start_bench MSTS_FOLDER [RUNS [WINDOW_PROGRAM CLI_PROGRAM]]\n");
         return 2;
     }
     const std::string msts = argv[1];
     const int runs = argc > 2 ? std::max(1, std::atoi(argv[2])) : 7;
+    Programs programs;
+    if (argc > 4) {
+        programs.window = argv[3];
+        programs.cli = argv[4];
+    }
     MainWindowWatch watch;
     if (!watch.open()) {
         std::fprintf(stderr, "No X display with the Damage extension: run under xvfb-run -a.\n");
@@ -167,12 +181,12 @@ int main(int argc, char** argv) {
 
     std::vector<double> load, mapped, drawn;
     for (int i = 0; i <= runs; ++i) {  // the first run of each warms the caches and is dropped
-        const std::optional<WindowTimes> window = runWindow(watch, windowArguments);
+        const std::optional<WindowTimes> window = runWindow(watch, programs, windowArguments);
         if (!window) {
             std::fprintf(stderr, "The main window was not drawn within %.0f s.\n", kGiveUpSeconds);
             return 1;
         }
-        const double cli = runCli(cliArguments);
+        const double cli = runCli(programs, cliArguments);
         if (i == 0) continue;
         load.push_back(cli);
         mapped.push_back(window->mapped);

@@ -50,8 +50,11 @@ std::string earlyProgramFolder(int argc, char** argv) {
 
 int main(int argc, char** argv) {
     LocalFileSystem fs;
+    std::unique_ptr<AppState> state;  // outlives the reading ahead, which stores into it
     // The unit files are read on other threads while Qt starts and the windows are made.
     UnitFilesReadAtStart readAhead(earlyProgramFolder(argc, argv), fs);
+    state = std::make_unique<AppState>();
+    readAhead.fillInto(state->catalogue);
 
     QApplication app(argc, argv);
     QApplication::setApplicationName("Rakeyard");
@@ -66,7 +69,6 @@ int main(int argc, char** argv) {
         return mainWindow && mainWindow->isVisible() ? mainWindow : nullptr;
     });
     Services services{fs, dialogs, progress, desktop};
-    auto state = std::make_unique<AppState>();
     state->paths.programFolder = programFolder(
         arguments.home.isEmpty() ? std::nullopt : std::optional(stdString(arguments.home)));
 

@@ -104,8 +104,9 @@ UnitFilesReadAtStart::UnitFilesReadAtStart(const std::string& programFolder, Fil
     refreshPathGlobals(readSettings(fs, programFolder), paths);
     if (isUnset(paths.trainsetPath)) return;
     try {
-        reading_ = std::async(std::launch::async, [trainset = paths.trainsetPath, &fs] {
-            return readUnitFilesAhead(trainset, fs);
+        reading_ = std::async(std::launch::async, [trainset = paths.trainsetPath, &fs,
+                                                   catalogue = catalogue_.get_future()]() mutable {
+            return readUnitFilesAhead(trainset, fs, [&catalogue] { return catalogue.get(); });
         });
     } catch (const std::system_error&) {
         // No thread to spare: start-up reads the files itself.
@@ -113,10 +114,21 @@ UnitFilesReadAtStart::UnitFilesReadAtStart(const std::string& programFolder, Fil
 }
 
 UnitFilesReadAtStart::~UnitFilesReadAtStart() {
+    if (!catalogueGiven_) catalogue_.set_value(nullptr);
     if (reading_.valid()) reading_.wait();
 }
 
+void UnitFilesReadAtStart::fillInto(UnitCatalogue& catalogue) {
+    if (catalogueGiven_) return;
+    catalogueGiven_ = true;
+    catalogue_.set_value(&catalogue);
+}
+
 UnitFilesAhead* UnitFilesReadAtStart::take() {
+    if (!catalogueGiven_) {  // nowhere to store: the reading stops once listed
+        catalogueGiven_ = true;
+        catalogue_.set_value(nullptr);
+    }
     if (!reading_.valid()) return nullptr;
     try {
         taken_ = reading_.get();

@@ -35,18 +35,25 @@ CommandLine parseCommandLine(std::string_view commandLine);
 enum class StartUpResult { Ready, Ended };
 
 // The unit files read on other threads from the Trainset folder that settings.bin names, while
-// the window program makes its windows. Start-up takes them when it comes to the catalogues and
-// their folder is still the one to read; nothing is started when settings.bin names none.
+// the window program makes its windows, and their records stored in the catalogue given by
+// fillInto. Start-up keeps them when it comes to the catalogues and their folder is still the
+// one to read; nothing is started when settings.bin names none.
 class UnitFilesReadAtStart {
 public:
     UnitFilesReadAtStart(const std::string& programFolder, FileSystem& fs);
-    ~UnitFilesReadAtStart();  // waits for the reading, if it is still going
+    // Waits for the reading, if it is still going; one never given a catalogue stops once its
+    // files are listed.
+    ~UnitFilesReadAtStart();
     UnitFilesReadAtStart(const UnitFilesReadAtStart&) = delete;
     UnitFilesReadAtStart& operator=(const UnitFilesReadAtStart&) = delete;
+    // Where the records go. It must outlive the reading: take() or the destructor ends it. Once.
+    void fillInto(UnitCatalogue& catalogue);
     // Waits for the reading; nothing when none was started or it failed. Once only.
     UnitFilesAhead* take();
 
 private:
+    std::promise<UnitCatalogue*> catalogue_;
+    bool catalogueGiven_ = false;
     std::future<UnitFilesAhead> reading_;
     std::optional<UnitFilesAhead> taken_;
 };

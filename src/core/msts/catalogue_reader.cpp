@@ -1,5 +1,6 @@
 #include "core/msts/catalogue_reader.h"
 
+#include <optional>
 #include <span>
 #include <thread>
 #include <vector>
@@ -116,14 +117,34 @@ UnitFileResult readListedFile(const UnitKind& kind, const TrainsetFile& entry, F
     }
 }
 
-// Reads the listed files of the kind into the records, or takes them as read ahead.
+// A file's record takes the catalogue's next free place when the file began one; a valid unit
+// keeps it. Past the catalogue's end nothing is stored.
+void placeRecord(std::span<UnitRecord> records, std::size_t& next, UnitFileResult& result) {
+    if (next >= records.size()) return;
+    if (result.recordBegun) records[next] = std::move(result.record);
+    if (result.accepted) ++next;
+}
+
+void emptyRecords(std::span<UnitRecord> records) {
+    for (UnitRecord& record : records)
+        record = UnitRecord{};
+}
+
+// What was read ahead of one kind: its records already stand in the catalogue.
+struct StoredAhead {
+    const std::vector<std::vector<std::string>>& findings;
+    std::size_t count;
+};
+
+// Reads the listed files of the kind into the records, or takes them as stored ahead.
 void readUnitFiles(const UnitKind& kind, const std::vector<TrainsetFile>& listing,
                    const PathGlobals& paths, std::span<UnitRecord> records, std::size_t& count,
                    Services& services, bool debugMode, unsigned workers,
-                   std::vector<UnitFileResult>* readAhead = nullptr) {
-    for (UnitRecord& record : records)
-        record = UnitRecord{};
-    count = 0;
+                   const StoredAhead* stored = nullptr) {
+    const StoredAhead* ahead =
+        stored && stored->findings.size() == listing.size() ? stored : nullptr;
+    if (!ahead) emptyRecords(records);
+    count = ahead ? ahead->count : 0;
     if (listing.size() > kind.loadLimit) {
         services.dialogs.report(
             std::to_string(listing.size()) + " " + std::string(kind.plural) +
@@ -137,50 +158,59 @@ void readUnitFiles(const UnitKind& kind, const std::vector<TrainsetFile>& listin
     services.progress.start(kind.retrievingLabel, static_cast<int>(listing.size()));
     bool errorsFound = false;
     bool reportWhole = true;
-    std::size_t next = 0;
-    const auto store = [&](std::size_t i, UnitFileResult& result) {
-        services.progress.step();
-        if (debugMode) {
-            services.progress.debugText(1, listing[i].file);
-            services.progress.debugText(2, listing[i].folder);
-            for (const std::string& title : result.passTitles)
-                services.progress.debugText(3, title);
-        }
-        for (const std::string& finding : result.findings) {
+    const auto logFindings = [&](const std::vector<std::string>& findings) {
+        for (const std::string& finding : findings) {
             reportWhole = logStartError(services.fs, paths, finding) && reportWhole;
             errorsFound = true;
         }
-        if (next >= records.size()) return;
-        if (result.recordBegun) records[next] = std::move(result.record);
-        if (result.accepted) ++next;
     };
-    if (readAhead && readAhead->size() == listing.size()) {
-        for (std::size_t i = 0; i < listing.size(); ++i)
-            store(i, (*readAhead)[i]);
+    if (ahead) {
+        for (const std::vector<std::string>& findings : ahead->findings) {
+            services.progress.step();
+            logFindings(findings);
+        }
     } else {
+        std::size_t next = 0;
         forEachInOrder<UnitFileResult, WorkerBuffers>(
             listing.size(), workers,
             [&](std::size_t i, WorkerBuffers& buffers) {
                 return readListedFile(kind, listing[i], services.fs, debugMode, buffers);
             },
-            store);
+            [&](std::size_t i, UnitFileResult& result) {
+                services.progress.step();
+                if (debugMode) {
+                    services.progress.debugText(1, listing[i].file);
+                    services.progress.debugText(2, listing[i].folder);
+                    for (const std::string& title : result.passTitles)
+                        services.progress.debugText(3, title);
+                }
+                logFindings(result.findings);
+                placeRecord(records, next, result);
+            });
+        count = next;
     }
-    count = next;
     if (errorsFound) offerToKeepStartErrors(paths, kind, reportWhole, services);
 }
 
-// The results of the listed files, in order.
-std::vector<UnitFileResult> readAll(const UnitKind& kind, const std::vector<TrainsetFile>& listing,
-                                    FileSystem& fs, unsigned workers) {
-    std::vector<UnitFileResult> results;
-    results.reserve(listing.size());
+// Reads the listed files into the records, emptied first, keeping each file's findings.
+// Returns the records stored.
+std::size_t storeAll(const UnitKind& kind, const std::vector<TrainsetFile>& listing,
+                     std::span<UnitRecord> records,
+                     std::vector<std::vector<std::string>>& findings, FileSystem& fs,
+                     unsigned workers) {
+    emptyRecords(records);
+    findings.reserve(listing.size());
+    std::size_t next = 0;
     forEachInOrder<UnitFileResult, WorkerBuffers>(
         listing.size(), workers,
         [&](std::size_t i, WorkerBuffers& buffers) {
             return readListedFile(kind, listing[i], fs, false, buffers);
         },
-        [&](std::size_t, UnitFileResult& result) { results.push_back(std::move(result)); });
-    return results;
+        [&](std::size_t, UnitFileResult& result) {
+            findings.push_back(std::move(result.findings));
+            placeRecord(records, next, result);
+        });
+    return next;
 }
 
 }  // namespace
@@ -212,31 +242,45 @@ void readWagonFiles(const PathGlobals& paths, UnitCatalogue& catalogue, Services
 }
 
 UnitFilesAhead readUnitFilesAhead(const std::string& trainsetPath, FileSystem& fs,
+                                  const std::function<UnitCatalogue*()>& catalogueToFill,
                                   unsigned workerThreads) {
     const unsigned workers = workerThreads == 0 ? defaultWorkerCount() : workerThreads;
     NoProgress quiet;
     UnitFilesAhead ahead;
     ahead.trainsetPath = trainsetPath;
     listBothKinds(trainsetPath, fs, quiet, workers, ahead.engines, ahead.wagons);
-    ahead.engineResults = readAll(kEngines, ahead.engines, fs, workers);
-    ahead.wagonResults = readAll(kWagons, ahead.wagons, fs, workers);
+    UnitCatalogue* catalogue = catalogueToFill();
+    if (!catalogue) return ahead;
+    catalogue->engineCount = storeAll(kEngines, ahead.engines, catalogue->engines,
+                                      ahead.engineFindings, fs, workers);
+    catalogue->wagonCount = storeAll(kWagons, ahead.wagons, catalogue->wagons,
+                                     ahead.wagonFindings, fs, workers);
+    ahead.filled = catalogue;
     return ahead;
 }
 
 void readUnitCatalogue(const PathGlobals& paths, UnitCatalogue& catalogue, Services& services,
                        bool debugMode, unsigned workerThreads, UnitFilesAhead* ahead) {
     const unsigned workers = workerThreads == 0 ? defaultWorkerCount() : workerThreads;
-    if (ahead && (debugMode || ahead->trainsetPath != paths.trainsetPath)) ahead = nullptr;
+    if (ahead && (debugMode || ahead->trainsetPath != paths.trainsetPath ||
+                  ahead->filled != &catalogue))
+        ahead = nullptr;
     UnitFilesAhead listed;
     if (!ahead) {
         listBothKinds(paths.trainsetPath, services.fs, services.progress, workers, listed.engines,
                       listed.wagons);
     }
-    UnitFilesAhead& files = ahead ? *ahead : listed;
+    const UnitFilesAhead& files = ahead ? *ahead : listed;
+    const std::optional<StoredAhead> engines =
+        ahead ? std::optional<StoredAhead>({ahead->engineFindings, catalogue.engineCount})
+              : std::nullopt;
+    const std::optional<StoredAhead> wagons =
+        ahead ? std::optional<StoredAhead>({ahead->wagonFindings, catalogue.wagonCount})
+              : std::nullopt;
     readUnitFiles(kEngines, files.engines, paths, catalogue.engines, catalogue.engineCount,
-                  services, debugMode, workers, ahead ? &ahead->engineResults : nullptr);
+                  services, debugMode, workers, engines ? &*engines : nullptr);
     readUnitFiles(kWagons, files.wagons, paths, catalogue.wagons, catalogue.wagonCount, services,
-                  debugMode, workers, ahead ? &ahead->wagonResults : nullptr);
+                  debugMode, workers, wagons ? &*wagons : nullptr);
 }
 
 }  // namespace rakeyard

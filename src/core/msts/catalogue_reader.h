@@ -1,4 +1,5 @@
 #pragma once
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -35,20 +36,27 @@ void readEngineFiles(const PathGlobals& paths, UnitCatalogue& catalogue, Service
 void readWagonFiles(const PathGlobals& paths, UnitCatalogue& catalogue, Services& services,
                     bool debugMode, unsigned workerThreads = 0);
 
-// Both catalogues' files listed, read and worked on, with nothing stored, logged, shown or
-// asked: start-up does this on other threads while its windows are being made.
+// Both catalogues' files listed, read and worked on, and their records stored in a catalogue,
+// with nothing logged, shown or asked: the window program does this on other threads while it
+// makes its windows, and start-up then only logs the findings and asks its questions. The
+// catalogue is asked for once the files are listed, so that its owner can make it meanwhile; a
+// null one ends the reading there. Its records are emptied first, as the readers do.
 struct UnitFilesAhead {
-    std::string trainsetPath;  // as it was given
+    std::string trainsetPath;               // as it was given
+    const UnitCatalogue* filled = nullptr;  // where the records were stored
     std::vector<TrainsetFile> engines, wagons;
-    std::vector<UnitFileResult> engineResults, wagonResults;  // a result a file, in order
+    // Each file's texts for StartErrors.txt, in listing order.
+    std::vector<std::vector<std::string>> engineFindings, wagonFindings;
 };
-[[nodiscard]] UnitFilesAhead readUnitFilesAhead(const std::string& trainsetPath, FileSystem& fs,
-                                                unsigned workerThreads = 0);
+[[nodiscard]] UnitFilesAhead readUnitFilesAhead(
+    const std::string& trainsetPath, FileSystem& fs,
+    const std::function<UnitCatalogue*()>& catalogueToFill, unsigned workerThreads = 0);
 
 // Both catalogues, as readEngineFiles and then readWagonFiles fill them, from one listing of
-// the Trainset folders: what start-up reads. Files read ahead from the same Trainset path are
-// taken instead of being read again (not in debug mode, whose window shows each file's passes);
-// the findings are logged and the questions asked all the same, in the same order.
+// the Trainset folders: what start-up reads. Records read ahead into this catalogue from the
+// same Trainset path are kept instead of being read again (not in debug mode, whose window shows
+// each file's passes); the findings are logged and the questions asked all the same, in the
+// same order.
 void readUnitCatalogue(const PathGlobals& paths, UnitCatalogue& catalogue, Services& services,
                        bool debugMode, unsigned workerThreads = 0,
                        UnitFilesAhead* ahead = nullptr);

@@ -178,6 +178,38 @@ TEST_F(InitProg, AStoredFolderThatLostItsTrainsetComesBackToThePathWindow) {
               "for the program.\n\ni.e. \"" + std::string(kMstsFolderExample) + "\".");
 }
 
+// The window program's start: the records read ahead into its state are kept, equal to those a
+// start without them stores, with the same report and questions. A reading never given a
+// state ends on its own.
+TEST_F(InitProg, RecordsReadAheadAreWhatAStartWithoutThemStores) {
+    windows.pathTexts = {std::string(RAKEYARD_SOURCE_DIR) + "/samples/msts"};
+    ASSERT_EQ(initProg(*state, fake.services, windows), StartUpResult::Ready);
+    const std::string report = test::readWholeFile(startErrorsFile(state->paths));
+    const std::vector<std::string> told = fake.dialogs.texts();
+    ASSERT_FALSE(report.empty());
+    { UnitFilesReadAtStart neverGiven(msts.home(), fake.fs); }
+
+    fake.dialogs.shown.clear();
+    fake.progress.labels.clear();
+    std::unique_ptr<AppState> again;
+    UnitFilesReadAtStart reading(msts.home(), fake.fs);
+    again = std::make_unique<AppState>();
+    again->paths.programFolder = msts.home();
+    reading.fillInto(again->catalogue);
+    ScriptedWindows quiet(*again, fake.services);
+    ASSERT_EQ(initProg(*again, fake.services, quiet, &reading), StartUpResult::Ready);
+    EXPECT_THAT(fake.progress.labels, ::testing::Not(Contains("Loading engine files...")));
+    ASSERT_GT(again->catalogue.engineCount, 0u);
+    ASSERT_EQ(again->catalogue.engineCount, state->catalogue.engineCount);
+    ASSERT_EQ(again->catalogue.wagonCount, state->catalogue.wagonCount);
+    for (std::size_t i = 0; i < state->catalogue.engineCount; ++i)
+        EXPECT_EQ(again->catalogue.engines[i].displayName, state->catalogue.engines[i].displayName);
+    for (std::size_t i = 0; i < state->catalogue.wagonCount; ++i)
+        EXPECT_EQ(again->catalogue.wagons[i].folderPath, state->catalogue.wagons[i].folderPath);
+    EXPECT_EQ(test::readWholeFile(startErrorsFile(again->paths)), report);
+    EXPECT_EQ(fake.dialogs.texts(), told);
+}
+
 TEST_F(InitProg, CancelWithEmptyBoxEndsTheProgramAndLeavesSettingsEmpty) {
     EXPECT_EQ(initProg(*state, fake.services, windows), StartUpResult::Ended);
     EXPECT_THAT(windows.shown, ElementsAre("frmPath"));

@@ -61,7 +61,8 @@ protected:
         fake.dialogs.shown.clear();
         auto catalogue = std::make_unique<UnitCatalogue>();
         UnitFilesAhead ahead;
-        if (readAhead) ahead = readUnitFilesAhead(paths.trainsetPath, fake.fs);
+        if (readAhead)
+            ahead = readUnitFilesAhead(paths.trainsetPath, fake.fs, [&] { return catalogue.get(); });
         readUnitCatalogue(paths, *catalogue, fake.services, false, 0,
                           readAhead ? &ahead : nullptr);
         LoadOutcome outcome;
@@ -136,26 +137,38 @@ TEST_F(CatalogueAgainstPlainTextWork, SameOnTheSampleInstallation) {
     expectSameAsPlain(std::string(RAKEYARD_SOURCE_DIR) + "/samples/msts");
 }
 
-// Files read ahead stand in for the listing and reading only where they came from the folder
-// to read, and not in debug mode, whose window shows each file's passes.
-TEST_F(CatalogueAgainstPlainTextWork, FilesReadAheadAreTakenOnlyFromTheFolderToRead) {
+// Records read ahead stand in for the listing and reading only where they came from the folder
+// to read into the catalogue being filled, and not in debug mode, whose window shows each
+// file's passes.
+TEST_F(CatalogueAgainstPlainTextWork, RecordsReadAheadAreKeptOnlyFromTheFolderToReadIntoTheSameCatalogue) {
     const std::string sample = std::string(RAKEYARD_SOURCE_DIR) + "/samples/msts/TRAINS/TRAINSET";
-    const auto loadFrom = [&](const std::string& trainset, bool debugMode) {
-        UnitFilesAhead ahead = readUnitFilesAhead(sample, fake.fs);
+    const auto loadFrom = [&](const std::string& trainset, bool debugMode, bool sameCatalogue) {
+        auto catalogue = std::make_unique<UnitCatalogue>();
+        auto elsewhere = std::make_unique<UnitCatalogue>();
+        UnitFilesAhead ahead = readUnitFilesAhead(sample, fake.fs, [&] {
+            return sameCatalogue ? catalogue.get() : elsewhere.get();
+        });
         paths.trainsetPath = trainset;
         fake.progress.labels.clear();
-        auto catalogue = std::make_unique<UnitCatalogue>();
         readUnitCatalogue(paths, *catalogue, fake.services, debugMode, 0, &ahead);
         const bool listed = std::count(fake.progress.labels.begin(), fake.progress.labels.end(),
                                        "Loading engine files...") > 0;
         return std::make_pair(catalogue->engineCount, listed);
     };
-    const auto [taken, listedAgain] = loadFrom(sample, false);
-    EXPECT_GT(taken, 0u);
+    const auto [kept, listedAgain] = loadFrom(sample, false, true);
+    EXPECT_GT(kept, 0u);
     EXPECT_FALSE(listedAgain);
-    EXPECT_EQ(loadFrom(sample, true), std::make_pair(taken, true));
+    EXPECT_EQ(loadFrom(sample, true, true), std::make_pair(kept, true));
+    EXPECT_EQ(loadFrom(sample, false, false), std::make_pair(kept, true));
     std::filesystem::create_directories(home / "other/TRAINS/TRAINSET");
-    EXPECT_EQ(loadFrom(home / "other/TRAINS/TRAINSET", false), std::make_pair(std::size_t{0}, true));
+    EXPECT_EQ(loadFrom(home / "other/TRAINS/TRAINSET", false, true),
+              std::make_pair(std::size_t{0}, true));
+
+    // Given no catalogue, the reading ends once the files are listed, and nothing is kept.
+    UnitFilesAhead listedOnly = readUnitFilesAhead(sample, fake.fs, [] { return nullptr; });
+    EXPECT_FALSE(listedOnly.engines.empty());
+    EXPECT_EQ(listedOnly.filled, nullptr);
+    EXPECT_TRUE(listedOnly.engineFindings.empty());
 }
 
 TEST_F(CatalogueAgainstPlainTextWork, SameOnRealContent) {
