@@ -85,10 +85,8 @@ int main(int argc, char** argv) {
     state->paths.mstsPath = msts;
     state->paths.trainsetPath = msts + "/TRAINS/TRAINSET";
     rakeyard::LocalFileSystem fileSystem;
-    OkDialogs dialogs;
-    rakeyard::NoProgress progress;
-    NoDesktop desktop;
-    rakeyard::Services services{fileSystem, dialogs, progress, desktop};
+    QuietServices quiet(fileSystem);
+    rakeyard::Services& services = quiet.services;
     rakeyard::readEngineFiles(state->paths, state->catalogue, services, false);
 
     std::size_t bytes = readFloor(state->catalogue);  // warms the file cache
@@ -97,8 +95,8 @@ int main(int argc, char** argv) {
         {"floor, 1 thread", [&] { bytes = readFloor(state->catalogue); }},
         {"buildAliasLists", [&] {
              rakeyard::LocalFileSystem fresh;  // no folder listings kept from the run before
-             rakeyard::Services measured{fresh, dialogs, progress, desktop};
-             lists = rakeyard::buildAliasLists(state->catalogue, measured);
+             QuietServices measured(fresh);
+             lists = rakeyard::buildAliasLists(state->catalogue, measured.services);
          }},
     };
     std::printf("installation: %s\n", msts.c_str());

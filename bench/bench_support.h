@@ -12,6 +12,8 @@
 
 #include "core/platform/desktop.h"
 #include "core/platform/dialogs.h"
+#include "core/platform/progress.h"
+#include "core/platform/services.h"
 #include "core/platform/system.h"
 #include "core/settings/settings_record.h"
 
@@ -35,6 +37,18 @@ public:
         return false;
     }
     void openUrl(std::string_view) override {}
+};
+
+// The services a bench runs with over its file system: dialogs that answer, no progress shown,
+// no desktop.
+struct QuietServices {
+    explicit QuietServices(FileSystem& fs) : services{fs, dialogs, progress, desktop} {}
+    QuietServices(const QuietServices&) = delete;
+    QuietServices& operator=(const QuietServices&) = delete;
+    OkDialogs dialogs;
+    NoProgress progress;
+    NoDesktop desktop;
+    Services services;
 };
 
 // The plain read: one open, one look at the size, as few reads as the system allows.

@@ -74,16 +74,13 @@ std::size_t loadCatalogue(const std::string& msts, const std::string& home, unsi
     state->paths.consistsPath = msts + "/TRAINS/CONSISTS";
     state->paths.soundPath = msts + "/SOUND";
     rakeyard::LocalFileSystem fs;
-    OkDialogs dialogs;
-    rakeyard::NoProgress progress;
-    NoDesktop desktop;
-    rakeyard::Services services{fs, dialogs, progress, desktop};
+    QuietServices quiet(fs);
     std::optional<rakeyard::UnitFilesAhead> ahead;
     if (readAhead) {
         ahead = rakeyard::readUnitFilesAhead(
             state->paths.trainsetPath, fs, [&] { return &state->catalogue; }, threads);
     }
-    rakeyard::readUnitCatalogue(state->paths, state->catalogue, services, false, threads,
+    rakeyard::readUnitCatalogue(state->paths, state->catalogue, quiet.services, false, threads,
                                 ahead ? &*ahead : nullptr);
     return state->catalogue.engineCount + state->catalogue.wagonCount;
 }

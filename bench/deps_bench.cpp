@@ -44,10 +44,8 @@ public:
 };
 
 std::size_t scanRoute(AppState& state, FileSystem& fs, const std::string& route) {
-    OkDialogs dialogs;
-    NoProgress progress;
-    NoDesktop desktop;
-    Services services{fs, dialogs, progress, desktop};
+    QuietServices quiet(fs);
+    Services& services = quiet.services;
     DependencyScan scan;
     (void)getRoutes(state.paths, state.routes, services, scan.stopFlag);
     scanOne(state.paths, state.routes, route, scan, services);

@@ -116,10 +116,8 @@ int main(int argc, char** argv) {
     addUnit(state->catalogue, "Common.wag", 12.6f);
 
     LocalFileSystem files;
-    OkDialogs dialogs;
-    NoProgress progress;
-    NoDesktop desktop;
-    Services services{files, dialogs, progress, desktop};
+    QuietServices quiet(files);
+    Services& services = quiet.services;
     LooseContext context{state->paths, state->routes, state->catalogue, state->looseUnits,
                          services};
     LooseEditor editor;
@@ -135,7 +133,7 @@ int main(int argc, char** argv) {
         {"opening",
          [&] {
              (void)openLooseActivity(context, editor, "Big.act --> \"Big yard\"");
-             if (editor.nodes.size() < consistCount) std::fputs("opening failed\n", stderr);
+             if (editor.nodes.size() < static_cast<std::size_t>(consistCount)) std::fputs("opening failed\n", stderr);
          }},
     };
     std::printf("activity: %s, %zu bytes, %d loose consists\n", act.c_str(), generated.size(),

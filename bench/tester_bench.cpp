@@ -103,10 +103,8 @@ int main(int argc, char** argv) {
     auto state = std::make_unique<AppState>();
     setBenchPaths(state->paths, msts, home.string());
     RecordingFileSystem fs;
-    OkDialogs dialogs;
-    NoProgress progress;
-    NoDesktop desktop;
-    Services services{fs, dialogs, progress, desktop};
+    QuietServices quiet(fs);
+    Services& services = quiet.services;
     readEngineFiles(state->paths, state->catalogue, services, false, 0);
     if (all) readWagonFiles(state->paths, state->catalogue, services, false, 0);
 

@@ -67,10 +67,8 @@ int main(int argc, char** argv) {
     auto state = std::make_unique<AppState>();
     setBenchPaths(state->paths, msts, home.string());
     LocalFileSystem fs;
-    OkDialogs dialogs;
-    NoProgress progress;
-    NoDesktop desktop;
-    Services services{fs, dialogs, progress, desktop};
+    QuietServices quiet(fs);
+    Services& services = quiet.services;
     readEngineFiles(state->paths, state->catalogue, services, false, 0);
 
     std::size_t rows = 0;

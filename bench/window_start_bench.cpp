@@ -44,10 +44,8 @@ double secondsSince(Clock::time_point start) {
 bool prepareHome(const std::string& home, const std::string& msts) {
     std::filesystem::create_directories(home);
     LocalFileSystem fs;
-    OkDialogs dialogs;
-    NoProgress progress;
-    NoDesktop desktop;
-    Services services{fs, dialogs, progress, desktop};
+    QuietServices quiet(fs);
+    Services& services = quiet.services;
     PathGlobals paths;
     paths.programFolder = home;
     SettingsRecord record = readSettings(fs, home);
