@@ -77,9 +77,10 @@ public:
         return true;
     }
 
-    // Launches the program and waits for its main window's map and first large drawing.
+    // Launches the program and waits for its main window's map and first large drawing. A
+    // message box on the way (start-up found faults, or a path is wrong) is named in blocked.
     std::optional<WindowTimes> launch(QProcess& program, const QString& path,
-                                      const QStringList& arguments) {
+                                      const QStringList& arguments, std::string& blocked) {
         XSync(display_, True);  // events of earlier runs are dropped
         const Clock::time_point start = Clock::now();
         program.start(path, arguments);
@@ -92,12 +93,18 @@ public:
             }
             XEvent event;
             XNextEvent(display_, &event);
-            if (event.type == MapNotify && main == 0 && isMainWindow(event.xmap.window)) {
-                main = event.xmap.window;
-                times.mapped = secondsSince(start);
-                // Freed with the window, when the program ends.
-                XDamageCreate(display_, main, XDamageReportRawRectangles);
-                XFlush(display_);
+            if (event.type == MapNotify && main == 0) {
+                const std::string name = windowName(event.xmap.window);
+                if (name.rfind("Rake Yard", 0) == 0) {
+                    main = event.xmap.window;
+                    times.mapped = secondsSince(start);
+                    // Freed with the window, when the program ends.
+                    XDamageCreate(display_, main, XDamageReportRawRectangles);
+                    XFlush(display_);
+                } else if (!name.empty()) {
+                    blocked = name;
+                    return std::nullopt;
+                }
             } else if (main != 0 && event.type == damageEvent_ + XDamageNotify) {
                 const auto& drawn = reinterpret_cast<const XDamageNotifyEvent&>(event);
                 if (drawn.area.width < 200 || drawn.area.height < 200) continue;
@@ -109,12 +116,12 @@ public:
     }
 
 private:
-    bool isMainWindow(Window window) {
+    std::string windowName(Window window) {
         char* name = nullptr;
-        if (!XFetchName(display_, window, &name) || !name) return false;
-        const bool found = std::strncmp(name, "Rake Yard", 9) == 0;
+        if (!XFetchName(display_, window, &name) || !name) return {};
+        std::string text = name;
         XFree(name);
-        return found;
+        return text;
     }
 
     Display* display_ = nullptr;
@@ -137,11 +144,11 @@ double runCli(const Programs& programs, const QStringList& arguments) {
 }
 
 std::optional<WindowTimes> runWindow(MainWindowWatch& watch, const Programs& programs,
-                                     const QStringList& arguments) {
+                                     const QStringList& arguments, std::string& blocked) {
     QProcess window;
     window.setStandardOutputFile(QProcess::nullDevice());
     window.setStandardErrorFile(QProcess::nullDevice());
-    const std::optional<WindowTimes> times = watch.launch(window, programs.window, arguments);
+    const std::optional<WindowTimes> times = watch.launch(window, programs.window, arguments, blocked);
     window.kill();
     window.waitForFinished(-1);
     return times;
@@ -156,7 +163,7 @@ int main(int argc, char** argv) {
                      "usage: window_start_bench MSTS_FOLDER [RUNS [WINDOW_PROGRAM CLI_PROGRAM]]\n");
         return 2;
     }
-    const std::string msts = argv[1];
+    const std::string msts = std::filesystem::absolute(argv[1]).lexically_normal().string();
     const int runs = argc > 2 ? std::max(1, std::atoi(argv[2])) : 7;
     Programs programs;
     if (argc > 4) {
@@ -179,7 +186,16 @@ int main(int argc, char** argv) {
 
     std::vector<double> load, mapped, drawn;
     for (int i = 0; i <= runs; ++i) {  // the first run of each warms the caches and is dropped
-        const std::optional<WindowTimes> window = runWindow(watch, programs, windowArguments);
+        std::string blocked;
+        const std::optional<WindowTimes> window =
+            runWindow(watch, programs, windowArguments, blocked);
+        if (!blocked.empty()) {
+            std::fprintf(stderr,
+                         "Start-up showed \"%s\" before the main window: the bench needs an "
+                         "installation whose units load without findings (make_installation's).\n",
+                         blocked.c_str());
+            return 1;
+        }
         if (!window) {
             std::fprintf(stderr, "The main window was not drawn within %.0f s.\n", kGiveUpSeconds);
             return 1;
