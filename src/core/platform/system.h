@@ -141,4 +141,10 @@ void syncFolder(const std::string& folder);
 // The most memory this process has held at once, in megabytes.
 [[nodiscard]] long peakMegabytes();
 
+// Zeroed memory for one large object, taken from the system in pieces as large as it offers
+// (huge pages on Linux), so that its first writes take a few page faults rather than one every
+// few kilobytes. Throws std::bad_alloc; freeLargeBlock gives it back with the same size.
+[[nodiscard]] void* allocateLargeBlock(std::size_t size);
+void freeLargeBlock(void* block, std::size_t size) noexcept;
+
 }  // namespace rakeyard::sys

@@ -2,12 +2,15 @@
 #include <fcntl.h>
 #include <signal.h>
 #include <spawn.h>
+#include <sys/mman.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
 #include <cerrno>
+#include <cstdint>
+#include <new>
 #include <cstdlib>
 #include <ctime>
 #include <filesystem>
@@ -258,6 +261,37 @@ long peakMegabytes() {
     rusage usage{};
     getrusage(RUSAGE_SELF, &usage);
     return usage.ru_maxrss / 1024;
+}
+
+namespace {
+constexpr std::size_t kHugePage = std::size_t{2} << 20;
+
+std::size_t roundToHugePages(std::size_t size) {
+    return (size + kHugePage - 1) & ~(kHugePage - 1);
+}
+}  // namespace
+
+// The block starts on a huge page's edge, which the kernel needs to back it with huge pages;
+// the mapping's unaligned ends are given back at once.
+void* allocateLargeBlock(std::size_t size) {
+    const std::size_t length = roundToHugePages(size);
+    void* mapped = ::mmap(nullptr, length + kHugePage, PROT_READ | PROT_WRITE,
+                          MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
+    if (mapped == MAP_FAILED) throw std::bad_alloc();
+    const auto start = reinterpret_cast<std::uintptr_t>(mapped);
+    const std::uintptr_t aligned = (start + kHugePage - 1) & ~(std::uintptr_t{kHugePage} - 1);
+    if (aligned > start) ::munmap(mapped, aligned - start);
+    const std::size_t tail = kHugePage - (aligned - start);
+    if (tail > 0) ::munmap(reinterpret_cast<void*>(aligned + length), tail);
+    auto* block = reinterpret_cast<void*>(aligned);
+#ifdef MADV_HUGEPAGE
+    (void)::madvise(block, length, MADV_HUGEPAGE);  // a hint: without it the pages are small
+#endif
+    return block;
+}
+
+void freeLargeBlock(void* block, std::size_t size) noexcept {
+    if (block) ::munmap(block, roundToHugePages(size));
 }
 
 }  // namespace rakeyard::sys

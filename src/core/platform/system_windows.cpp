@@ -13,6 +13,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <new>
 #include <cstdlib>
 #include <filesystem>
 
@@ -301,6 +302,17 @@ long peakMegabytes() {
     PROCESS_MEMORY_COUNTERS counters{};
     if (!GetProcessMemoryInfo(GetCurrentProcess(), &counters, sizeof counters)) return 0;
     return static_cast<long>(counters.PeakWorkingSetSize / (1024 * 1024));
+}
+
+// Large pages need a privilege users seldom hold: plain committed pages, zeroed by the system.
+void* allocateLargeBlock(std::size_t size) {
+    void* block = VirtualAlloc(nullptr, size, MEM_RESERVE | MEM_COMMIT, PAGE_READWRITE);
+    if (!block) throw std::bad_alloc();
+    return block;
+}
+
+void freeLargeBlock(void* block, std::size_t) noexcept {
+    if (block) VirtualFree(block, 0, MEM_RELEASE);
 }
 
 }  // namespace rakeyard::sys
