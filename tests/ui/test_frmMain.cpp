@@ -21,7 +21,6 @@ class MainWindow : public QObject {
     Q_OBJECT
 private Q_SLOTS:
     void menuEntriesCarryTheirCaptions();
-    void toolbarButtonsCarryTheirToolTips();
     void entriesOfWindowsNotBuiltAreHidden();
     void filterItemRunsTheMenuEntryAndStoresTheWord();
     void listsShowTheCatalogueWithCounts();
@@ -60,27 +59,6 @@ void MainWindow::menuEntriesCarryTheirCaptions() {
     // The recent consists and their separator stay hidden until a consist was loaded.
     for (const char* name : {"mnuDummy3", "mnuEmpty_1", "mnuEmpty_2", "mnuEmpty_3", "mnuEmpty_4"})
         QVERIFY2(!f.window->findChild<QAction*>(name)->isVisible(), name);
-}
-
-void MainWindow::toolbarButtonsCarryTheirToolTips() {
-    MainWindowFixture f;
-    // Every button is reached by its "tbr_" name and tells what it does.
-    int buttons = 0;
-    for (const QAction* button : f.window->findChildren<QAction*>()) {
-        if (!button->objectName().startsWith("tbr_")) continue;
-        ++buttons;
-        QVERIFY2(!button->toolTip().isEmpty(), qPrintable(button->objectName()));
-    }
-    QVERIFY(buttons >= 16);
-    QCOMPARE(f.window->findChild<QAction*>("tbr_save")->toolTip(), QString("Save consist file"));
-    auto* filter = f.window->findChild<QToolButton*>("tbr_filter");
-    QVERIFY(filter);
-    QCOMPARE(filter->toolTip(), QString("Filter for locomotives and wagons"));
-    QStringList items;
-    for (QAction* item : filter->menu()->actions())
-        if (!item->isSeparator()) items << item->text();
-    QCOMPARE(items, QStringList({"Steam", "Diesel", "Electric", "AI engines", "All engines",
-                                 "Freight", "Carriages", "Tenders", "All wagons"}));
 }
 
 void MainWindow::entriesOfWindowsNotBuiltAreHidden() {

@@ -35,7 +35,6 @@ private Q_SLOTS:
     void numberBoxTakesDigitsOnlyAndCancelGivesZero();
     void chooserListsConsistsLoadsAndDeletes();
     void aboutLinkOpensTheHomePage();
-    void pathWindowsKeepTheirNamesCaptionsAndOrder();
     void pathWindowButtonsRunEachWindowsOwnSteps();
     void everyWindowCanBeResized();
     void progressBarShowsEachRunsEnd();
@@ -104,50 +103,6 @@ void Windows::aboutLinkOpensTheHomePage() {
     QVERIFY(window.lblVersion->text().startsWith("Version "));
     QTest::mouseClick(window.lblHomePage, Qt::LeftButton);
     QCOMPARE(fake.desktop.urls, std::vector<std::string>{ui::frmAbout::kHomePage});
-}
-
-void Windows::pathWindowsKeepTheirNamesCaptionsAndOrder() {
-    test::FakeServices fake;
-    auto state = std::make_unique<AppState>();
-    struct Case {
-        std::unique_ptr<ui::PathWindow> window;
-        const char* name;
-        const char* title;
-        const char* prompt;
-        const char* noteStart;  // nullptr: no note
-        bool noteBelow;
-        bool listsFiles;
-    };
-    Case cases[] = {
-        {std::make_unique<ui::frmPath>(*state, fake.services), "frmPath", "MSTS path",
-         "Please select the main folder for MSTS", "Select the main folder", false, false},
-        {std::make_unique<ui::frmEditor>(*state, fake.services), "frmEditor", "Editor path",
-         "Please select the text editor program to edit files", "The text editor program", false,
-         true},
-        {std::make_unique<ui::frmScrshots>(*state, fake.services), "frmScrshots",
-         "Path for screenshots",
-         "Please select the path to save the pictures taken by your 3d viewer program",
-         "If you press \"Cancel\"", true, false},
-        {std::make_unique<ui::frm3DViewer>(*state, fake.services), "frm3DViewer", "3D viewer path",
-         "Please select the program to display 3D models", nullptr, false, true}};
-    for (const Case& c : cases) {
-        ui::PathWindow& window = *c.window;
-        QCOMPARE(window.objectName(), QString(c.name));
-        QCOMPARE(window.windowTitle(), QString(c.title));
-        QCOMPARE(window.findChild<QLabel*>("Label1")->text(), QString(c.prompt));
-        QCOMPARE(window.findChild<QPushButton*>("Command1")->text(), QString("OK"));
-        QCOMPARE(window.findChild<QPushButton*>("Command2")->text(), QString("Cancel"));
-        QVERIFY2(window.Command1->isDefault(), c.name);
-        QVERIFY2(window.findChild<QLineEdit*>("Text1"), c.name);
-        QCOMPARE(window.findChild<QWidget*>("File1") != nullptr, c.listsFiles);
-        auto* note = window.findChild<QLabel*>("Label2");
-        QCOMPARE(note != nullptr, c.noteStart != nullptr);
-        if (!note) continue;
-        QVERIFY2(note->text().startsWith(c.noteStart), c.name);
-        const int noteAt = window.layout()->indexOf(note);
-        const int chooserAt = window.layout()->indexOf(window.chooser);
-        QCOMPARE(noteAt > chooserAt, c.noteBelow);
-    }
 }
 
 void Windows::pathWindowButtonsRunEachWindowsOwnSteps() {
