@@ -296,17 +296,9 @@ void frmLoose::fillLists() {
 
 void frmLoose::tickFilters() {
     const SettingsRecord record = readSettings(services_.fs, state_.paths.programFolder);
-    const std::string engine = filterWord(record.showLocoType);
-    const std::string wagon = filterWord(record.showWagonType);
-    mnuSteam->setChecked(engine == "Steam");
-    mnuDiesel->setChecked(engine == "Diesel");
-    mnuElectric->setChecked(engine == "Electric");
-    mnuLocAI->setChecked(engine == "AI");
-    mnuLocAll->setChecked(engine == "All");
-    mnuFreight->setChecked(wagon == "Freight");
-    mnuCarriages->setChecked(wagon == "Carriage");
-    mnuTenders->setChecked(wagon == "Tender");
-    mnuWagAll->setChecked(wagon == "All");
+    tickFilterEntries({mnuSteam, mnuDiesel, mnuElectric, mnuLocAI, mnuLocAll, mnuFreight,
+                       mnuCarriages, mnuTenders, mnuWagAll},
+                      filterWord(record.showLocoType), filterWord(record.showWagonType));
 }
 
 void frmLoose::chooseFilter(bool engines, const char* word) {

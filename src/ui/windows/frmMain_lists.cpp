@@ -14,6 +14,7 @@
 #include "core/msts/unit_list.h"
 #include "core/settings/settings_file.h"
 #include "ui/support/handler_guard.h"
+#include "ui/support/window_helpers.h"
 #include "ui/widgets/unit_list_view.h"
 #include "ui/windows/frmAlias.h"
 #include "ui/windows/frmMain.h"
@@ -36,17 +37,9 @@ std::span<const UnitRecord> wagonsOf(const AppState& state) {
 }  // namespace
 
 void frmMain::showUnitLists() {
-    const std::string& engineFilter = state_.paths.engineFilter;
-    const std::string& wagonFilter = state_.paths.wagonFilter;
-    mnuSteam->setChecked(engineFilter == "Steam");
-    mnuDiesel->setChecked(engineFilter == "Diesel");
-    mnuElectric->setChecked(engineFilter == "Electric");
-    mnuLocAI->setChecked(engineFilter == "AI");
-    mnuLocAll->setChecked(engineFilter == "All");
-    mnuFreight->setChecked(wagonFilter == "Freight");
-    mnuCarriages->setChecked(wagonFilter == "Carriage");
-    mnuTenders->setChecked(wagonFilter == "Tender");
-    mnuWagAll->setChecked(wagonFilter == "All");
+    tickFilterEntries({mnuSteam, mnuDiesel, mnuElectric, mnuLocAI, mnuLocAll, mnuFreight,
+                       mnuCarriages, mnuTenders, mnuWagAll},
+                      state_.paths.engineFilter, state_.paths.wagonFilter);
     showCatalogueLists(*locList, *wagList, state_.catalogue, state_.paths);
     showListCounts();
 }
